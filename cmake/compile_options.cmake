@@ -1,0 +1,36 @@
+# One set of compile options for everything in this repository.
+#
+# Floating point is part of the game's behaviour: the same inputs give the same frames with every
+# compiler. So no contraction into fused multiply-adds, and never -ffast-math.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+option(TARVIK_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+
+add_library(tarvik_options INTERFACE)
+add_library(tarvik::options ALIAS tarvik_options)
+target_include_directories(tarvik_options INTERFACE ${CMAKE_SOURCE_DIR})
+
+if(MSVC)
+  target_compile_options(tarvik_options INTERFACE /W4 /WX /fp:precise /utf-8 /D_CRT_SECURE_NO_WARNINGS)
+else()
+  target_compile_options(
+    tarvik_options
+    INTERFACE -Wall
+              -Wextra
+              -Wconversion
+              -Wshadow
+              -Wpedantic
+              -Wold-style-cast
+              -Werror
+              -ffp-contract=off)
+endif()
+
+if(TARVIK_SANITIZE)
+  target_compile_options(tarvik_options INTERFACE -fsanitize=address,undefined
+                                                  -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(tarvik_options INTERFACE -fsanitize=address,undefined)
+endif()
