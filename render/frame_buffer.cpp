@@ -1,0 +1,22 @@
+// The frame buffer's memory.
+#include "render/frame_buffer.h"
+
+#include "shell/out_of_memory.h"
+
+namespace tarvik {
+
+std::int32_t screen_width = 640;
+std::int32_t screen_height = 480;
+std::uint8_t* frame_buffer = nullptr;
+
+void create_frame_buffer() {
+    const auto pixels = static_cast<std::size_t>(screen_width * screen_height);
+    frame_buffer = allocate_buffer<std::uint8_t>(pixels * 3, "frame buffer");
+}
+
+void release_frame_buffer() {
+    delete[] frame_buffer;
+    frame_buffer = nullptr;
+}
+
+} // namespace tarvik

@@ -1,0 +1,77 @@
+// Reading the graphics archive.
+#include "render/graphics_archive.h"
+
+#include "render/sprite.h"
+#include "shell/data_file.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <cstdlib>
+
+namespace tarvik {
+
+namespace {
+
+static_assert(std::endian::native == std::endian::little, "records are read as they stand");
+
+std::int32_t claimed_bytes(const Sprite& sprite) {
+    const std::uint32_t product = static_cast<std::uint32_t>(sprite.width) *
+                                  static_cast<std::uint32_t>(sprite.height) *
+                                  static_cast<std::uint32_t>(sprite.bytes_per_pixel);
+    return static_cast<std::int32_t>(product);
+}
+
+/// Gives back what a cut or lying record claimed and the file did not hold, down to the last
+/// pixel of three bytes that was begun, and at least one byte so that `pixels` stays non-null.
+void keep_bytes(Sprite& sprite, std::size_t bytes_read) {
+    const std::size_t whole_pixels = (bytes_read + 2) / 3 * 3;
+    const std::size_t kept = std::clamp<std::size_t>(whole_pixels, 1, sprite.pixel_bytes);
+    if (kept == sprite.pixel_bytes) {
+        return;
+    }
+    if (void* shrunk = std::realloc(sprite.pixels, kept); shrunk != nullptr) {
+        sprite.pixels = static_cast<std::uint8_t*>(shrunk);
+        sprite.pixel_bytes = kept;
+    }
+}
+
+void make_empty(Sprite& sprite) {
+    sprite.width = 0;
+    sprite.height = 0;
+    sprite.bytes_per_pixel = 0;
+}
+
+void read_sprite(DataFile& archive, Sprite& sprite) {
+    // Each field by itself: one that the end of the file cuts keeps 0 in what is missing.
+    archive.read(&sprite.width, sizeof sprite.width);
+    archive.read(&sprite.height, sizeof sprite.height);
+    archive.read(&sprite.bytes_per_pixel, sizeof sprite.bytes_per_pixel);
+    const std::int32_t claimed = claimed_bytes(sprite);
+    if (claimed <= 0) {
+        return;
+    }
+    const auto bytes = static_cast<std::uint32_t>(claimed);
+    // Zeroed by calloc, so that a huge claim costs no memory before the file backs it.
+    sprite.pixels = static_cast<std::uint8_t*>(std::calloc(bytes, 1));
+    if (sprite.pixels == nullptr) {
+        make_empty(sprite);
+        return;
+    }
+    sprite.pixel_bytes = bytes;
+    keep_bytes(sprite, archive.read(sprite.pixels, bytes));
+}
+
+} // namespace
+
+void load_graphics_archive() {
+    DataFile archive(".\\data\\graphics.dat");
+    if (!archive.is_open()) {
+        return;
+    }
+    for (int i = 0; i < SPRITE_COUNT; ++i) {
+        read_sprite(archive, sprite_table[i]);
+    }
+}
+
+} // namespace tarvik

@@ -1,0 +1,16 @@
+// The file that holds the game's pictures.
+//
+// 1400 records, one for each sprite number from 0 on, with nothing before, between or after them.
+// A record is three signed 32-bit little-endian integers, width, height and bytes per pixel,
+// followed by their product's number of pixel bytes (rows from the top down, red, green, blue).
+// The product is taken modulo 2^32 and read as signed; not above 0, it stands for an empty sprite
+// and no pixel bytes follow.
+#pragma once
+
+namespace tarvik {
+
+/// Fills `sprite_table` from ".\data\graphics.dat". Nothing is reported: a missing or unreadable
+/// archive leaves every sprite empty, a short one the sprites after its end.
+void load_graphics_archive();
+
+} // namespace tarvik

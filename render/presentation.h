@@ -1,0 +1,13 @@
+// The two ends of a picture: a black frame buffer to draw on, and showing what was drawn.
+#pragma once
+
+namespace tarvik {
+
+/// Clears the window's back buffer and sets the whole frame buffer to black.
+void clear_frame();
+
+/// Hands the frame buffer to OpenGL unchanged and swaps the window's buffers. No other OpenGL
+/// state is ever set: the raster position stays at the lower-left corner, the zoom at 1.
+void present_frame();
+
+} // namespace tarvik

@@ -1,0 +1,24 @@
+// Putting pictures into the view.
+#pragma once
+
+#include <cstdint>
+
+namespace tarvik {
+
+/// Sprite numbers that the race draws.
+inline constexpr std::int32_t START_MARKER_IMAGE = 30;
+inline constexpr std::int32_t CURSOR_IMAGE = 250;
+
+/// Draws sprite n (0 to SPRITE_COUNT - 1; any other number draws nothing) as a square of its
+/// width, top-left corner at logical (x, y). Black pixels, (0, 0, 0), are transparent. Of a sprite
+/// with another shape or depth only the pixels inside its bytes are drawn.
+void draw_sprite(std::int32_t x, std::int32_t y, std::int32_t n);
+
+/// The same, but what falls to the left of the view or above it lands on the view's left column
+/// or top row instead of being dropped; among several pixels on one place the last one stays.
+void draw_sprite_clamped(std::int32_t x, std::int32_t y, std::int32_t n);
+
+/// `plot` with negative coordinates moved to 0.
+void plot_clamped(std::int32_t x, std::int32_t y, int red, int green, int blue);
+
+} // namespace tarvik

@@ -1,0 +1,22 @@
+// Drawing text with the built-in font.
+#pragma once
+
+#include <cstdint>
+
+namespace tarvik {
+
+inline constexpr int TEXT_BUFFER_SIZE = 110;
+
+/// The text to draw, NUL-terminated, at most TEXT_BUFFER_SIZE - 1 characters: format into it, then
+/// call draw_text. It stays there until the next text is formatted.
+extern char* text_buffer;
+
+void create_text_buffer();
+void release_text_buffer();
+
+/// Draws `text_buffer` with its top-left corner at logical (x, y); visible pixels lie in the rows
+/// y + 2 to y + 9, those of capitals and digits in y + 3 to y + 7. Only set cells are drawn, what
+/// lies beneath the others stays. Characters without a glyph are skipped and move no pen.
+void draw_text(std::int32_t x, std::int32_t y, int red, int green, int blue);
+
+} // namespace tarvik
