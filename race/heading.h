@@ -1,0 +1,26 @@
+// From headings to directions on the track.
+#pragma once
+
+#include <cmath>
+
+namespace tarvik {
+
+/// Degrees to radians, 3.141592653 / 180: as exact as the game's headings have always been, and
+/// not to be replaced by a better pi.
+inline constexpr double DEG_TO_RAD = 0.017453292516666667;
+
+/// A way on the track, cells.
+struct Step {
+    float x;
+    float y;
+};
+
+/// The way of `length` cells along a heading in degrees, computed in double precision and kept in
+/// single.
+inline Step step_along(float degrees, double length) {
+    const double radians = static_cast<double>(degrees) * DEG_TO_RAD;
+    return {static_cast<float>(length * std::sin(radians)),
+            static_cast<float>(length * std::cos(radians))};
+}
+
+} // namespace tarvik

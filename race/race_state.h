@@ -1,0 +1,93 @@
+// The state of the race: the player's car, the lap being driven, the ghost laps, the settings.
+//
+// Units, throughout race/: positions are track cells, one cell a logical pixel of the view, x to
+// the right and y downwards; the cell under a position is found by truncating each coordinate.
+// Headings are degrees, never brought back into a range; heading h moves a car by (sin h, cos h)
+// per unit of speed, so 0 is down the view, 90 right, 180 up and 270 left. Speed is cells per
+// frame, and a frame is the only unit of time.
+#pragma once
+
+#include <cstdint>
+
+namespace tarvik {
+
+// --- Car slots ---------------------------------------------------------------------------------
+
+inline constexpr int CAR_SLOTS = 20;
+inline constexpr int PLAYER_SLOT = 1;
+/// Slots of the five previous laps, the newest first. Slots 0 and 7 to 19 are not used.
+inline constexpr int FIRST_GHOST_SLOT = 2;
+inline constexpr int LAST_GHOST_SLOT = 6;
+
+inline constexpr std::int32_t TOP_GEAR = 6;
+/// `best_cycle` while no lap has been completed.
+inline constexpr std::int32_t BEST_CYCLE_NONE = 999999;
+
+// Per car slot; only the player's ever change.
+extern float car_x[CAR_SLOTS];       ///< cells, 0 to 9999 as long as the car stays on the grid
+extern float car_y[CAR_SLOTS];       ///< cells, like car_x
+extern float heading[CAR_SLOTS];     ///< degrees, unbounded
+extern float speed[CAR_SLOTS];       ///< cells per frame, 0 to just above 3.3
+extern std::int32_t gear[CAR_SLOTS]; ///< 0 (neutral) to TOP_GEAR
+/// Off-road penalty of the lap in progress, in frames: 1 per corner off the road and frame.
+extern float penalty[CAR_SLOTS];
+/// Frames of the lap in progress, 2 or more at the end of a timed frame; 0 while none is timed.
+extern std::int32_t cycle[CAR_SLOTS];
+/// Frames plus penalty of the last completed lap; 0 before the first and after a reset.
+extern std::int32_t last_cycle[CAR_SLOTS];
+/// Smallest `last_cycle` since the race started afresh, or BEST_CYCLE_NONE.
+extern std::int32_t best_cycle[CAR_SLOTS];
+/// Frames since the last one with a steering key.
+extern std::int32_t frames_since_steer[CAR_SLOTS];
+/// Steps in `steer_history` since the steering run began, 0 to 42.
+extern std::int32_t steer_count[CAR_SLOTS];
+
+struct Colour {
+    std::int32_t red; ///< 0 to 255, like the others
+    std::int32_t green;
+    std::int32_t blue;
+};
+extern Colour car_colour[CAR_SLOTS];
+
+// --- Steering history --------------------------------------------------------------------------
+
+inline constexpr int STEER_HISTORY_SIZE = 60;
+/// Headings, in degrees, that the player's car had before its latest steering steps.
+extern float steer_history[STEER_HISTORY_SIZE];
+
+// --- Ghost laps --------------------------------------------------------------------------------
+
+inline constexpr std::int32_t GHOST_FRAMES = 1000000;
+/// What an entry holds that no lap has recorded.
+inline constexpr float GHOST_NOWHERE = 111.0F;
+inline constexpr float GHOST_NO_HEADING = 180.0F;
+
+/// Per car slot a buffer of GHOST_FRAMES floats: position and heading of the car at frame n of a
+/// lap. The player's slot is recorded while driving; the ghost slots hold the previous laps.
+extern float** ghost_x;
+extern float** ghost_y;
+extern float** ghost_heading;
+
+// --- Settings ----------------------------------------------------------------------------------
+
+inline constexpr std::int32_t EASY = 1;
+inline constexpr std::int32_t THOUGH = 2;
+inline constexpr std::int32_t ADVANCED = 3;
+
+extern std::int32_t difficulty;  ///< EASY, THOUGH or ADVANCED
+extern std::int32_t race_number; ///< number of the track in use, 1 or 2
+
+// --- Operations --------------------------------------------------------------------------------
+
+/// Allocates the ghost buffers (240 MB, kept until the process ends) and puts everything to its
+/// start. Called once.
+void init_race_state();
+
+/// Puts the player's car back to the start, without speed, gear, lap or penalty. Best lap, ghosts
+/// and settings stay.
+void reset_car();
+
+/// Starts the race afresh: no ghosts, no best lap, the car at the start. Settings stay.
+void reset_race();
+
+} // namespace tarvik

@@ -1,0 +1,69 @@
+// Painting the track and the status texts.
+#include "race/track_view.h"
+
+#include "race/race_state.h"
+#include "race/track_grid.h"
+#include "race/view.h"
+#include "render/frame_buffer.h"
+#include "render/text.h"
+
+#include <cstdio>
+
+namespace tarvik {
+
+namespace {
+
+void draw_track() {
+    for (std::int32_t j = 0; j < LOGICAL_HEIGHT; ++j) {
+        const std::uint8_t* cell =
+            track_grid + static_cast<std::ptrdiff_t>(j + view_y) * TRACK_WIDTH + view_x;
+        for (std::int32_t i = 0; i < LOGICAL_WIDTH; ++i, ++cell) {
+            if (*cell == CELL_OFF_TRACK) {
+                plot(i, j, 0, 200, 0);
+            } else {
+                plot(i, j, 60, 60, 60);
+            }
+        }
+    }
+}
+
+const char* difficulty_name() {
+    switch (difficulty) {
+    case EASY:
+        return "Easy";
+    case THOUGH:
+        return "Though";
+    default:
+        return "Advanced";
+    }
+}
+
+void draw_status(std::int32_t x, std::int32_t y) {
+    draw_text(x, y, 255, 255, 255);
+}
+
+// The blanks in the formats lay the right-hand texts out in columns.
+void draw_hud() {
+    std::snprintf(text_buffer, TEXT_BUFFER_SIZE, "Gear : %d", gear[PLAYER_SLOT]);
+    draw_status(30, 30);
+    std::snprintf(text_buffer, TEXT_BUFFER_SIZE, "%s", difficulty_name());
+    draw_status(30, 44);
+    std::snprintf(text_buffer, TEXT_BUFFER_SIZE, "                          Best Cycle : %d",
+                  best_cycle[PLAYER_SLOT]);
+    draw_status(146, 16);
+    std::snprintf(text_buffer, TEXT_BUFFER_SIZE, "Race ended : %d           Cycle : %d",
+                  last_cycle[PLAYER_SLOT], cycle[PLAYER_SLOT]);
+    draw_status(146, 30);
+    std::snprintf(text_buffer, TEXT_BUFFER_SIZE, "                          Punition : %d",
+                  static_cast<std::int32_t>(penalty[PLAYER_SLOT]));
+    draw_status(146, 44);
+}
+
+} // namespace
+
+void draw_track_and_hud() {
+    draw_track();
+    draw_hud();
+}
+
+} // namespace tarvik
