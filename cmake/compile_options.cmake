@@ -1,7 +1,8 @@
 # One set of compile options for everything in this repository.
 #
 # Floating point is part of the game's behaviour: the same inputs give the same frames with every
-# compiler. So no contraction into fused multiply-adds, and never -ffast-math.
+# compiler. So no contraction into fused multiply-adds, and never -ffast-math. And sin and cos are
+# called as they stand: merged into one sincos, as optimisers like to, a last bit can differ.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -26,7 +27,9 @@ else()
               -Wpedantic
               -Wold-style-cast
               -Werror
-              -ffp-contract=off)
+              -ffp-contract=off
+              -fno-builtin-sin
+              -fno-builtin-cos)
 endif()
 
 if(TARVIK_SANITIZE)
