@@ -1,0 +1,99 @@
+// Files in memory or, with the C library, on disk.
+#include "platform/scripted/recording.h"
+#include "platform/scripted/scripted.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+
+namespace tarvik::scripted {
+
+bool use_memory_files = false;
+std::map<std::string, File> memory_files;
+bool memory_folder_exists = true;
+
+namespace {
+
+/// One of the two is set.
+struct OpenFile {
+    const File* memory = nullptr;
+    std::size_t position = 0;
+    std::FILE* disk = nullptr;
+};
+
+std::string with_slashes(std::string name) {
+    std::replace(name.begin(), name.end(), '\\', '/');
+    return name.starts_with("./") ? name.substr(2) : name;
+}
+
+bool open_in_memory(const std::string& name, OpenFile& file) {
+    if (!memory_folder_exists) {
+        return false;
+    }
+    File& found = memory_files[name]; // created empty where missing
+    file.memory = &found;
+    return !found.read_only;
+}
+
+bool open_on_disk(const std::string& name, OpenFile& file) {
+    file.disk = std::fopen(name.c_str(), "r+b");
+    if (file.disk == nullptr) {
+        file.disk = std::fopen(name.c_str(), "w+xb"); // only a missing file is created
+    }
+    if (file.disk == nullptr) {
+        return false;
+    }
+    std::setvbuf(file.disk, nullptr, _IONBF, 0); // straight into the game's buffers
+    return true;
+}
+
+DWORD read_memory(OpenFile& file, void* buffer, DWORD wanted) {
+    const std::size_t left = file.memory->bytes.size() - file.position;
+    const std::size_t count = std::min<std::size_t>(left, wanted);
+    std::copy_n(file.memory->bytes.data() + file.position, count,
+                static_cast<std::uint8_t*>(buffer));
+    file.position += count;
+    return static_cast<DWORD>(count);
+}
+
+} // namespace
+
+} // namespace tarvik::scripted
+
+using namespace tarvik::scripted;
+
+extern "C" {
+
+HANDLE WINAPI CreateFileA(LPCSTR name, DWORD access, DWORD share_mode,
+                          LPSECURITY_ATTRIBUTES security, DWORD disposition, DWORD flags,
+                          HANDLE template_file) {
+    record("CreateFileA \"%s\" access=%u share=%u %s disposition=%u flags=0x%X %s", name,
+           static_cast<UINT>(access), static_cast<UINT>(share_mode), name_of(security),
+           static_cast<UINT>(disposition), static_cast<UINT>(flags), name_of(template_file));
+    auto file = std::make_unique<OpenFile>();
+    const std::string path = with_slashes(name);
+    if (!(use_memory_files ? open_in_memory(path, *file) : open_on_disk(path, *file))) {
+        return INVALID_HANDLE_VALUE;
+    }
+    return file.release();
+}
+
+BOOL WINAPI ReadFile(HANDLE handle, LPVOID buffer, DWORD wanted, LPDWORD transferred,
+                     LPOVERLAPPED overlapped) {
+    record("ReadFile %u %s", static_cast<UINT>(wanted), name_of(overlapped));
+    OpenFile& file = *static_cast<OpenFile*>(handle);
+    *transferred = file.memory != nullptr
+                       ? read_memory(file, buffer, wanted)
+                       : static_cast<DWORD>(std::fread(buffer, 1, wanted, file.disk));
+    return TRUE;
+}
+
+BOOL WINAPI CloseHandle(HANDLE handle) {
+    record("CloseHandle");
+    const std::unique_ptr<OpenFile> file(static_cast<OpenFile*>(handle));
+    if (file->disk != nullptr) {
+        std::fclose(file->disk);
+    }
+    return TRUE;
+}
+}
