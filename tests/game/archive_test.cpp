@@ -1,0 +1,113 @@
+// The graphics archive, whole, cut and lying.
+#include "platform/scripted/scripted.h"
+#include "render/graphics_archive.h"
+#include "render/sprite.h"
+#include "tests/support/program.h"
+
+#include <gtest/gtest.h>
+
+#include <numeric>
+
+namespace tarvik::test {
+namespace {
+
+class Archive : public testing::Test {
+  protected:
+    void TearDown() override {
+        release_sprite_table();
+    }
+
+    static void load(std::vector<std::uint8_t> bytes) {
+        install_data({}, {}, std::move(bytes));
+        create_sprite_table();
+        load_graphics_archive();
+    }
+
+    static bool is_empty(int n) {
+        const Sprite& sprite = sprite_table[n];
+        return sprite.pixels == nullptr && sprite.width == 0 && sprite.height == 0 &&
+               sprite.bytes_per_pixel == 0;
+    }
+
+    static std::vector<std::uint8_t> counting_bytes(std::size_t count) {
+        std::vector<std::uint8_t> bytes(count);
+        std::iota(bytes.begin(), bytes.end(), std::uint8_t{1});
+        return bytes;
+    }
+};
+
+TEST_F(Archive, FillsEachNumberFromItsRecord) {
+    load(archive_of({{0, 2, 1, 3, counting_bytes(6)},
+                     {30, 16, 16, 3, counting_bytes(768)},
+                     {1399, 1, 1, 1, {99}}}));
+    EXPECT_EQ(sprite_table[0].pixels[5], 6);
+    EXPECT_TRUE(is_empty(1));
+    EXPECT_EQ(sprite_table[30].width, 16);
+    EXPECT_EQ(sprite_table[30].height, 16);
+    EXPECT_EQ(sprite_table[30].bytes_per_pixel, 3);
+    EXPECT_EQ(sprite_table[30].pixels[767], static_cast<std::uint8_t>(768));
+    EXPECT_EQ(sprite_table[1399].pixels[0], 99);
+}
+
+TEST_F(Archive, ReadsTheProductAsASigned32BitNumber) {
+    load(archive_of({{0, 5, 0, 3, {}},
+                     {1, -4, 4, 3, {}},
+                     {2, -1, -1, 3, {7, 8, 9}},
+                     {3, 65536, 65536, 3, {}}, // 0 modulo 2^32
+                     {4, 65536, 32768, 1, {}}, // 2^31 reads as negative
+                     {5, 65537, 65536, 1, std::vector<std::uint8_t>(65536, 4)},
+                     {6, 1, 1, 3, {1, 2, 3}}}));
+    EXPECT_EQ(sprite_table[0].width, 5);
+    EXPECT_EQ(sprite_table[0].pixels, nullptr);
+    EXPECT_EQ(sprite_table[1].pixels, nullptr);
+    EXPECT_EQ(sprite_table[2].pixels[2], 9);
+    EXPECT_EQ(sprite_table[3].pixels, nullptr);
+    EXPECT_EQ(sprite_table[4].pixels, nullptr);
+    EXPECT_EQ(sprite_table[5].pixels[65535], 4);
+    EXPECT_EQ(sprite_table[6].pixels[2], 3);
+}
+
+TEST_F(Archive, ACutHeaderOrBodyLeavesWhatWasThere) {
+    const auto whole = archive_of({{0, 300, 2, 3, counting_bytes(1800)}});
+    struct Cut {
+        std::size_t length;
+        std::int32_t width, height, depth;
+    };
+    for (const Cut& cut : {Cut{0, 0, 0, 0}, Cut{1, 300 % 256, 0, 0}, Cut{4, 300, 0, 0},
+                           Cut{9, 300, 2, 3}, Cut{11, 300, 2, 3}}) {
+        load({whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(cut.length)});
+        EXPECT_EQ(sprite_table[0].width, cut.width) << cut.length;
+        EXPECT_EQ(sprite_table[0].height, cut.height) << cut.length;
+        EXPECT_EQ(sprite_table[0].bytes_per_pixel, cut.depth) << cut.length;
+        EXPECT_EQ(sprite_table[0].pixels != nullptr, cut.depth != 0) << cut.length;
+        EXPECT_TRUE(is_empty(1)) << cut.length;
+        release_sprite_table();
+    }
+    load({whole.begin(), whole.begin() + 12 + 4}); // ends in the second pixel
+    EXPECT_EQ(sprite_table[0].pixel_bytes, 6U);
+    EXPECT_EQ(sprite_table[0].pixels[3], 4);
+    EXPECT_EQ(sprite_table[0].pixels[4], 0);
+}
+
+TEST_F(Archive, AHugeClaimKeepsNoMemoryThatTheFileDoesNotBack) {
+    auto bytes = archive_of({{0, 26000, 26000, 3, {1, 2, 3, 4, 5}}}); // claims 2 GB
+    bytes.resize(12 + 5);
+    load(bytes);
+    ASSERT_NE(sprite_table[0].pixels, nullptr);
+    EXPECT_EQ(sprite_table[0].pixel_bytes, 6U);
+    EXPECT_EQ(sprite_table[0].pixels[4], 5);
+    EXPECT_TRUE(is_empty(1));
+}
+
+TEST_F(Archive, AMissingReadOnlyOrFolderlessArchiveLeavesAllEmpty) {
+    load({});
+    EXPECT_TRUE(is_empty(0) && is_empty(30) && is_empty(1399));
+    release_sprite_table();
+
+    scripted::memory_files["data/graphics.dat"].read_only = true;
+    load(archive_of({{0, 1, 1, 3, {1, 2, 3}}}));
+    EXPECT_TRUE(is_empty(0));
+}
+
+} // namespace
+} // namespace tarvik::test

@@ -1,0 +1,124 @@
+// Throttle, brake, gears and steering runs.
+#include "platform/scripted/scripted.h"
+#include "race/car_controls.h"
+#include "tests/support/race_test.h"
+
+namespace tarvik::test {
+namespace {
+
+class Controls : public RaceTest {
+  protected:
+    static float throttle(std::int32_t in_gear, float from) {
+        gear[PLAYER_SLOT] = in_gear;
+        velocity = from;
+        key_down[VK_UP] = 1;
+        apply_throttle();
+        return velocity;
+    }
+
+    static float brake(float from) {
+        velocity = from;
+        key_down[VK_DOWN] = 1;
+        apply_brake();
+        return velocity;
+    }
+};
+
+TEST_F(Controls, OnlyTheFirstGearMovesAStandingCar) {
+    EXPECT_FLOAT_EQ(throttle(1, 0.0F), 0.106F);
+    for (const std::int32_t other : {0, 2, 3, 4, 5, 6}) {
+        EXPECT_EQ(throttle(other, 0.0F), 0.0F) << "gear " << other;
+    }
+    EXPECT_EQ(throttle(0, 1.0F), 1.0F);
+}
+
+TEST_F(Controls, EachGearPullsBetweenItsBoundsOnly) {
+    struct Gear {
+        std::int32_t number;
+        float above, below, factor;
+    };
+    for (const Gear& each :
+         {Gear{2, 0.3F, 1.0F, 1.03F}, Gear{3, 0.4F, 1.6F, 1.01F}, Gear{4, 0.5F, 2.1F, 1.006F},
+          Gear{5, 0.6F, 2.7F, 1.003F}, Gear{6, 0.7F, 3.3F, 1.001F}}) {
+        EXPECT_EQ(throttle(each.number, each.above), each.above) << "gear " << each.number;
+        EXPECT_EQ(throttle(each.number, each.below), each.below) << "gear " << each.number;
+        const float inside = (each.above + each.below) / 2.0F;
+        EXPECT_EQ(throttle(each.number, inside), inside * each.factor) << "gear " << each.number;
+    }
+    EXPECT_EQ(throttle(1, 0.6F), 0.6F);
+    EXPECT_EQ(throttle(1, 0.1F), 0.1F * 1.06F);
+}
+
+TEST_F(Controls, FullThrottleEndsALittleBeyondTheGearsBound) {
+    gear[PLAYER_SLOT] = 1;
+    key_down[VK_UP] = 1;
+    for (int i = 0; i < 30; ++i) {
+        apply_throttle();
+    }
+    EXPECT_LT(velocity, 0.6F);
+    apply_throttle();
+    EXPECT_NEAR(velocity, 0.60881F, 0.00001F);
+    const float end = velocity;
+    apply_throttle();
+    EXPECT_EQ(velocity, end);
+}
+
+TEST_F(Controls, BrakeBandsExcludeTheirBounds) {
+    EXPECT_EQ(brake(0.31F), 0.31F / 1.04F);
+    EXPECT_EQ(brake(0.29F), 0.29F / 1.06F);
+    EXPECT_EQ(brake(1.5F), 1.5F / 1.02F);
+    EXPECT_EQ(brake(2.5F), 2.5F / 1.01F);
+    EXPECT_EQ(brake(3.3F), 3.3F / 1.005F);
+    for (const float bound : {0.0F, 0.3F, 1.0F, 2.0F, 3.0F, 4.0F, 5.0F}) {
+        EXPECT_EQ(brake(bound), bound);
+    }
+}
+
+TEST_F(Controls, GearKeysWaitAndAreConsumedAlsoAtTheLastGear) {
+    gear[PLAYER_SLOT] = TOP_GEAR;
+    key_down['A'] = 1;
+    race_frame();
+    EXPECT_EQ(gear[PLAYER_SLOT], TOP_GEAR);
+    EXPECT_EQ(key_down['A'], 0);
+    EXPECT_EQ(scripted::slept_ms, 300U);
+
+    gear[PLAYER_SLOT] = 0;
+    key_down['Z'] = 1;
+    race_frame();
+    EXPECT_EQ(gear[PLAYER_SLOT], 0);
+    EXPECT_EQ(scripted::slept_ms, 600U);
+
+    key_down['A'] = key_down['Z'] = 1; // up and down again, and both wait
+    race_frame();
+    EXPECT_EQ(gear[PLAYER_SLOT], 0);
+    EXPECT_EQ(scripted::slept_ms, 1200U);
+}
+
+TEST_F(Controls, ARunIsCutAfter41StepsAndAfterTwoFramesWithoutSteering) {
+    key_down[VK_LEFT] = 1;
+    frames(40);
+    EXPECT_EQ(steer_count[PLAYER_SLOT], 40);
+    frames(1);
+    EXPECT_EQ(steer_count[PLAYER_SLOT], 0);
+    EXPECT_NEAR(degrees, 180.0F + 41 * 1.2F, 0.001F);
+
+    frames(5);
+    key_down[VK_LEFT] = 0;
+    frames(1);
+    EXPECT_EQ(steer_count[PLAYER_SLOT], 5);
+    frames(1);
+    EXPECT_EQ(steer_count[PLAYER_SLOT], 0);
+}
+
+TEST_F(Controls, BothArrowsMakeTwoStepsLeftFirst) {
+    key_down[VK_LEFT] = key_down[VK_RIGHT] = 1;
+    velocity = 1.0F;
+    steer();
+    EXPECT_EQ(steer_count[PLAYER_SLOT], 2);
+    EXPECT_EQ(steer_history[0], 180.0F);
+    EXPECT_FLOAT_EQ(steer_history[1], 182.2F);
+    EXPECT_FLOAT_EQ(degrees, 180.0F);
+}
+
+} // namespace
+} // namespace tarvik::test

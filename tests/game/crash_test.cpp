@@ -1,0 +1,100 @@
+// When an off-road car goes back to the start.
+#include "race/crash.h"
+#include "race/laps.h"
+#include "tests/support/race_test.h"
+
+namespace tarvik::test {
+namespace {
+
+class Crash : public RaceTest {
+  protected:
+    /// Whether a car with so many corners off the road is put back, after a given seed.
+    static bool resets(std::int32_t at_difficulty, int hits, std::uint32_t seed) {
+        difficulty = at_difficulty;
+        x = 1000.0F;
+        srand(seed);
+        apply_crash_rules(hits);
+        return x == 2400.0F;
+    }
+
+    static bool drew_nothing_since(std::uint32_t seed) {
+        const int next = rand();
+        return next == first_draw(seed);
+    }
+
+    static int first_draw(std::uint32_t seed) {
+        srand(seed);
+        return rand();
+    }
+};
+
+TEST_F(Crash, AdvancedTakesThreeCornersAndNoChance) {
+    for (const std::uint32_t seed : {1U, 2U, 3U}) {
+        EXPECT_FALSE(resets(ADVANCED, 2, seed));
+        EXPECT_TRUE(drew_nothing_since(seed));
+        EXPECT_TRUE(resets(ADVANCED, 3, seed));
+        EXPECT_TRUE(resets(ADVANCED, 4, seed));
+        EXPECT_TRUE(drew_nothing_since(seed));
+    }
+}
+
+TEST_F(Crash, EasierLevelsLeaveItToTheirDraw) {
+    int though_resets = 0;
+    int easy_resets = 0;
+    for (std::uint32_t i = 0; i < 4000; ++i) {
+        const std::uint32_t seed = i * 2654435761U;
+        const int draw = first_draw(seed);
+        ASSERT_EQ(resets(THOUGH, 1, seed), draw % 160 == 1) << "seed " << seed;
+        though_resets += draw % 160 == 1 ? 1 : 0;
+        ASSERT_EQ(resets(EASY, 4, seed), draw % 260 == 1) << "seed " << seed;
+        easy_resets += draw % 260 == 1 ? 1 : 0;
+    }
+    EXPECT_GT(though_resets, 0);
+    EXPECT_GT(easy_resets, 0);
+}
+
+TEST_F(Crash, NobodyIsPutBackOnTheRoadAndNothingIsDrawn) {
+    for (const std::int32_t level : {EASY, THOUGH, ADVANCED}) {
+        EXPECT_FALSE(resets(level, 0, 9));
+        EXPECT_TRUE(drew_nothing_since(9));
+    }
+}
+
+TEST_F(Crash, GivesUpALapBeyondItsLimitWithoutADraw) {
+    cycle[PLAYER_SLOT] = CYCLE_LIMIT;
+    EXPECT_FALSE(resets(EASY, 0, 9));
+    cycle[PLAYER_SLOT] = CYCLE_LIMIT + 1;
+    EXPECT_TRUE(resets(EASY, 4, 9));
+    EXPECT_TRUE(drew_nothing_since(9));
+    EXPECT_EQ(cycle[PLAYER_SLOT], 0);
+}
+
+TEST_F(Crash, AResetKeepsBestLapGhostsAndSettingsOnly) {
+    best_cycle[PLAYER_SLOT] = 700;
+    ghost_x[2][5] = 42.0F;
+    difficulty = ADVANCED;
+    race_number = 2;
+    gear[PLAYER_SLOT] = 3;
+    velocity = 2.0F;
+    degrees = 77.0F;
+    cycle[PLAYER_SLOT] = 50;
+    last_cycle[PLAYER_SLOT] = 800;
+    steer_count[PLAYER_SLOT] = 20;
+    penalty[PLAYER_SLOT] = 0.0F;
+    std::memset(track_grid, CELL_OFF_TRACK, TRACK_MAP_BYTES);
+    key_down[VK_LEFT] = 1;
+    race_frame();
+    EXPECT_EQ(std::pair(x, y), std::pair(2400.0F, 2480.0F));
+    EXPECT_EQ(degrees, 180.0F);
+    EXPECT_EQ(velocity, 0.0F);
+    EXPECT_EQ(penalty[PLAYER_SLOT], 0.0F);
+    for (const std::int32_t* value : {gear, cycle, last_cycle, steer_count, frames_since_steer}) {
+        EXPECT_EQ(value[PLAYER_SLOT], 0);
+    }
+    EXPECT_EQ(best_cycle[PLAYER_SLOT], 700);
+    EXPECT_EQ(ghost_x[2][5], 42.0F);
+    EXPECT_EQ(race_number, 2);
+}
+
+} // namespace
+} // namespace tarvik::test

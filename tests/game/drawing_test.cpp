@@ -1,0 +1,141 @@
+// Pixels, sprites at the edges, and what covers what.
+#include "race/view.h"
+#include "render/frame_buffer.h"
+#include "render/graphics_archive.h"
+#include "render/presentation.h"
+#include "render/sprite.h"
+#include "render/sprite_drawing.h"
+#include "tests/support/race_test.h"
+
+namespace tarvik::test {
+namespace {
+
+class Drawing : public RaceTest {
+  protected:
+    static void load_image(const Image& image) {
+        release_sprite_table();
+        create_sprite_table();
+        install_data({}, {}, archive_of({image}));
+        load_graphics_archive();
+        clear_frame();
+    }
+
+    /// An image of 4 by 4 pixels whose red is 10 * row + column + 1.
+    static Image numbered_image() {
+        Image image = plain_image(30, 4, {0, 0, 7});
+        for (std::size_t i = 0; i < 16; ++i) {
+            image.bytes[i * 3] = static_cast<std::uint8_t>(i / 4 * 10 + i % 4 + 1);
+        }
+        return image;
+    }
+
+    static int red_at(int at_x, int at_y) {
+        return frame_buffer_copy().logical(at_x, at_y).red;
+    }
+};
+
+TEST_F(Drawing, StoresPixelsBottomRowFirst) {
+    clear_frame();
+    put_pixel(0, 0, 1, 2, 3);
+    put_pixel(639, 479, 4, 5, 256 + 6);
+    EXPECT_EQ(frame_buffer[919680], 1);
+    EXPECT_EQ(frame_buffer[919682], 3);
+    EXPECT_EQ(frame_buffer[1917], 4);
+    EXPECT_EQ(frame_buffer[1919], 6);
+}
+
+TEST_F(Drawing, DropsWhatLiesOutside) {
+    clear_frame();
+    for (const auto& [at_x, at_y] : {std::pair(640, 0), {-1, 0}, {0, 480}, {0, -1}}) {
+        put_pixel(at_x, at_y, 255, 255, 255);
+    }
+    for (const auto& [at_x, at_y] :
+         {std::pair(320, 0), {0, 240}, {-1, 5}, {5, -1}, {INT32_MAX, 5}, {5, INT32_MIN}}) {
+        plot(at_x, at_y, 255, 255, 255);
+    }
+    EXPECT_EQ(pixels_of(frame_buffer_copy(), WHITE), "");
+    plot(319, 239, 255, 255, 255);
+    EXPECT_EQ(pixels_of(frame_buffer_copy(), WHITE), "319,239");
+    clear_frame();
+    EXPECT_EQ(pixels_of(frame_buffer_copy(), WHITE), "");
+}
+
+TEST_F(Drawing, SpritesLeaveBlackOutAndNothingElse) {
+    Image image = plain_image(30, 2, {0, 0, 1});
+    image.bytes[5] = 0; // second pixel black
+    load_image(image);
+    draw_sprite(10, 10, 30);
+    EXPECT_EQ(pixels_of(frame_buffer_copy(), {0, 0, 1}), "10,10 10,11 11,11");
+}
+
+TEST_F(Drawing, SpritesAreCutAtTheEdgesOrClampedToThem) {
+    load_image(numbered_image());
+    draw_sprite(-2, -1, 30);
+    EXPECT_EQ(red_at(0, 0), 13);
+    EXPECT_EQ(red_at(1, 2), 34);
+    EXPECT_EQ(red_at(2, 0), 0);
+
+    clear_frame();
+    draw_sprite_clamped(-2, -1, 30);
+    EXPECT_EQ(red_at(0, 0), 13); // the last of six pixels that land there
+    EXPECT_EQ(red_at(1, 0), 14);
+    EXPECT_EQ(red_at(0, 2), 33);
+    EXPECT_EQ(red_at(1, 2), 34);
+
+    clear_frame();
+    draw_sprite_clamped(318, 238, 30);
+    EXPECT_EQ(red_at(318, 238), 1);
+    EXPECT_EQ(red_at(319, 239), 12);
+
+    clear_frame();
+    draw_sprite_clamped(-100, 50, 30); // wholly left of the view
+    EXPECT_EQ(red_at(0, 50), 4);
+    EXPECT_EQ(red_at(0, 53), 34);
+    EXPECT_EQ(red_at(1, 50), 0);
+}
+
+TEST_F(Drawing, OddlyShapedSpritesShowOnlyWhatTheyHold) {
+    load_image({30, 4, 1, 1, {9, 9, 9, 9}}); // one whole pixel
+    draw_sprite(0, 0, 30);
+    EXPECT_EQ(pixels_of(frame_buffer_copy(), {9, 9, 9}), "0,0");
+
+    load_image({30, 2, 3, 4, std::vector<std::uint8_t>(24, 9)}); // more than its square
+    draw_sprite(0, 0, 30);
+    EXPECT_EQ(pixels_of(frame_buffer_copy(), {9, 9, 9}), "0,0 1,0 0,1 1,1");
+
+    load_image({30, -1, -1, 3, {9, 9, 9}});
+    draw_sprite(0, 0, 30);
+    draw_sprite(0, 0, 7);
+    draw_sprite(0, 0, -1);
+    draw_sprite(0, 0, SPRITE_COUNT);
+    EXPECT_EQ(pixels_of(frame_buffer_copy(), {9, 9, 9}), "");
+}
+
+TEST_F(Drawing, AFrameStacksTrackCarMarkerTextsGhostsAndPointer) {
+    release_sprite_table();
+    create_sprite_table();
+    install_data({}, {},
+                 archive_of({plain_image(30, 16, {1, 1, 1}), plain_image(250, 2, {2, 2, 2})}));
+    load_graphics_archive();
+    place(2400.0F, 2395.0F, 180.0F, 0.0F);
+    cycle[PLAYER_SLOT] = 4;
+    ghost_x[2][5] = 2400.0F;
+    ghost_y[2][5] = 2400.0F;
+    mouse_x = 160;
+    mouse_y = 126;
+    view_x = 2240;
+    view_y = 2280;
+    track_grid[2280 * 10000 + 2240] = CELL_OFF_TRACK;
+    race_frame();
+    const Picture picture = frame_buffer_copy();
+    EXPECT_EQ(picture.logical(0, 0), GRASS);
+    EXPECT_EQ(picture.logical(1, 0), ROAD);
+    EXPECT_EQ(picture.logical(155, 119), (Pixel{1, 1, 1}));   // the marker covers a rear corner
+    EXPECT_EQ(picture.logical(155, 110), WHITE);              // and not a front one
+    EXPECT_EQ(picture.logical(160, 114), (Pixel{255, 0, 0})); // the ghost covers the marker
+    EXPECT_EQ(picture.logical(161, 127), (Pixel{2, 2, 2}));   // the pointer covers it all
+    EXPECT_EQ(std::pair(view_x, view_y), std::pair(2240, 2275));
+}
+
+} // namespace
+} // namespace tarvik::test

@@ -1,0 +1,136 @@
+// Laps through the box, their results and their ghosts.
+#include "race/ghosts.h"
+#include "race/laps.h"
+#include "race/view.h"
+#include "tests/support/race_test.h"
+
+namespace tarvik::test {
+namespace {
+
+class Lap : public RaceTest {
+  protected:
+    static bool starts_at(float at_x, float at_y) {
+        x = at_x;
+        y = at_y;
+        cycle[PLAYER_SLOT] = 0;
+        check_lap();
+        return cycle[PLAYER_SLOT] == 1;
+    }
+
+    static void complete(std::int32_t frame_count, float with_penalty) {
+        x = y = 2400.0F;
+        cycle[PLAYER_SLOT] = frame_count;
+        penalty[PLAYER_SLOT] = with_penalty;
+        check_lap();
+    }
+};
+
+TEST_F(Lap, StartsInsideTheOpenBoxOnly) {
+    EXPECT_TRUE(starts_at(2400.0F, 2400.0F));
+    EXPECT_TRUE(starts_at(2392.001F, 2407.999F));
+    EXPECT_FALSE(starts_at(2392.0F, 2400.0F));
+    EXPECT_FALSE(starts_at(2408.0F, 2400.0F));
+    EXPECT_FALSE(starts_at(2400.0F, 2392.0F));
+    EXPECT_FALSE(starts_at(2400.0F, 2408.0F));
+}
+
+TEST_F(Lap, ACarInTheBoxCompletesEvery301Frames) {
+    place(2400.0F, 2400.0F, 180.0F, 0.0F);
+    frames(1);
+    EXPECT_EQ(cycle[PLAYER_SLOT], 2);
+    frames(299);
+    EXPECT_EQ(cycle[PLAYER_SLOT], 301);
+    EXPECT_EQ(last_cycle[PLAYER_SLOT], 0);
+    frames(1); // the clock rests in the frame of completion
+    EXPECT_EQ(cycle[PLAYER_SLOT], 0);
+    EXPECT_EQ(last_cycle[PLAYER_SLOT], 301);
+    EXPECT_EQ(best_cycle[PLAYER_SLOT], 301);
+    frames(1);
+    EXPECT_EQ(cycle[PLAYER_SLOT], 2);
+}
+
+TEST_F(Lap, ResultsAddTheTruncatedPenaltyAndKeepItOnShow) {
+    complete(1250, 37.6F);
+    EXPECT_EQ(last_cycle[PLAYER_SLOT], 1287);
+    EXPECT_EQ(best_cycle[PLAYER_SLOT], 1287);
+    EXPECT_EQ(penalty[PLAYER_SLOT], 37.6F);
+    complete(1288, 0.0F);
+    EXPECT_EQ(last_cycle[PLAYER_SLOT], 1288);
+    EXPECT_EQ(best_cycle[PLAYER_SLOT], 1287);
+    complete(300, 5.0F); // too short to count
+    EXPECT_EQ(cycle[PLAYER_SLOT], 300);
+    EXPECT_EQ(last_cycle[PLAYER_SLOT], 1288);
+    penalty[PLAYER_SLOT] = 5.0F;
+    EXPECT_TRUE(starts_at(2400.0F, 2400.0F));
+    EXPECT_EQ(penalty[PLAYER_SLOT], 0.0F);
+}
+
+TEST_F(Lap, RecordsWhereTheCarWasPointingWhereItDoes) {
+    place(5000.0F, 5000.0F, 90.0F, 0.25F);
+    cycle[PLAYER_SLOT] = 7;
+    key_down[VK_LEFT] = 1;
+    frames(1);
+    EXPECT_EQ(ghost_x[PLAYER_SLOT][7], 5000.0F);
+    EXPECT_FLOAT_EQ(ghost_heading[PLAYER_SLOT][7], 90.0F + 1.45F);
+    EXPECT_EQ(ghost_x[PLAYER_SLOT][8], GHOST_NOWHERE);
+    EXPECT_EQ(cycle[PLAYER_SLOT], 8);
+}
+
+TEST_F(Lap, GhostsMoveThroughAllSlotsAndOlderEndsStayBehindShorterLaps) {
+    for (int lap = 1; lap <= 7; ++lap) {
+        const std::int32_t length = lap == 7 ? 310 : 400; // the last lap is shorter
+        for (cycle[PLAYER_SLOT] = 2; cycle[PLAYER_SLOT] < length; ++cycle[PLAYER_SLOT]) {
+            x = static_cast<float>(lap * 1000);
+            y = static_cast<float>(lap);
+            degrees = static_cast<float>(lap * 10);
+            record_lap_frame();
+        }
+        complete(length, 0.0F);
+    }
+    const auto entries = [](float** buffers, int frame) {
+        std::vector<float> found;
+        for (int slot = PLAYER_SLOT; slot <= LAST_GHOST_SLOT + 1; ++slot) {
+            found.push_back(buffers[slot][frame]);
+        }
+        return found;
+    };
+    using Floats = std::vector<float>;
+    EXPECT_EQ(entries(ghost_x, 300), (Floats{7000, 7000, 6000, 5000, 4000, 3000, 111}));
+    EXPECT_EQ(entries(ghost_y, 300), (Floats{7, 7, 6, 5, 4, 3, 111}));
+    EXPECT_EQ(entries(ghost_heading, 300), (Floats{70, 70, 60, 50, 40, 30, 180}));
+    EXPECT_EQ(entries(ghost_x, 350), (Floats{6000, 6000, 6000, 5000, 4000, 3000, 111}));
+    EXPECT_EQ(entries(ghost_x, 0), Floats(7, 111.0F));
+
+    // The player's recording and the newest ghost are equal, not the same.
+    ghost_x[PLAYER_SLOT][300] = 1.0F;
+    EXPECT_EQ(ghost_x[FIRST_GHOST_SLOT][300], 7000.0F);
+}
+
+TEST_F(Lap, GhostsAreDrawnInTheirColoursAtTheFrameOfTheLap) {
+    view_x = view_y = 0;
+    cycle[PLAYER_SLOT] = 9;
+    for (int slot = FIRST_GHOST_SLOT; slot <= LAST_GHOST_SLOT; ++slot) {
+        ghost_x[slot][9] = static_cast<float>(slot * 30) + 0.5F;
+        ghost_y[slot][9] = 60.5F;
+        ghost_heading[slot][9] = 0.0F;
+    }
+    draw_ghosts();
+    const Picture picture = frame_buffer_copy();
+    EXPECT_EQ(picture.logical(60, 66), (Pixel{255, 0, 0})); // noses, pointing down
+    EXPECT_EQ(picture.logical(90, 66), (Pixel{0, 0, 255}));
+    EXPECT_EQ(picture.logical(120, 66), (Pixel{0, 255, 0}));
+    EXPECT_EQ(picture.logical(150, 66), (Pixel{255, 255, 0}));
+    EXPECT_EQ(picture.logical(180, 66), (Pixel{0, 255, 255}));
+    EXPECT_EQ(picture.logical(56, 56), (Pixel{255, 0, 0}));
+    EXPECT_EQ(picture.logical(64, 64), (Pixel{255, 0, 0}));
+}
+
+TEST_F(Lap, WithoutATimedLapAllGhostsStandAtTheirFirstEntry) {
+    view_x = view_y = 0;
+    frames(1);
+    const Picture picture = frame_buffer_copy();
+    EXPECT_EQ(picture.logical(111, 105), (Pixel{0, 255, 255})); // the last one drawn
+}
+
+} // namespace
+} // namespace tarvik::test

@@ -1,0 +1,115 @@
+// Switching tracks and difficulty, and the map files behind it.
+#include "platform/scripted/scripted.h"
+#include "race/race_selection.h"
+#include "tests/support/race_test.h"
+
+namespace tarvik::test {
+namespace {
+
+class Selection : public RaceTest {
+  protected:
+    static void type(std::initializer_list<int> keys) {
+        for (const int key : keys) {
+            key_down[key] = 1;
+        }
+        handle_race_keys();
+        for (const int key : keys) {
+            key_down[key] = 0;
+        }
+    }
+
+    static std::vector<std::uint8_t>& map_file(int number) {
+        return scripted::memory_files[number == 1 ? "data/race1.map" : "data/race2.map"].bytes;
+    }
+};
+
+TEST_F(Selection, BracketsLoadTheirTrackAndStartTheRaceAfresh) {
+    map_file(1) = plain_map(0);
+    map_file(2) = plain_map(2);
+    best_cycle[PLAYER_SLOT] = 500;
+    last_cycle[PLAYER_SLOT] = 600;
+    ghost_y[6][999999] = 1.0F;
+    ghost_heading[0][0] = 1.0F;
+    x = 9.0F;
+    difficulty = THOUGH;
+    type({VK_OEM_6});
+    EXPECT_EQ(race_number, 2);
+    EXPECT_EQ(track_grid[0], 2);
+    EXPECT_EQ(track_grid[TRACK_MAP_BYTES - 1], 2);
+    EXPECT_EQ(best_cycle[PLAYER_SLOT], BEST_CYCLE_NONE);
+    EXPECT_EQ(last_cycle[PLAYER_SLOT], 0);
+    EXPECT_EQ(ghost_y[6][999999], GHOST_NOWHERE);
+    EXPECT_EQ(ghost_heading[0][0], GHOST_NO_HEADING);
+    EXPECT_EQ(x, 2400.0F);
+    EXPECT_EQ(difficulty, THOUGH);
+}
+
+TEST_F(Selection, AtEitherEndTheSameTrackIsLoadedAgain) {
+    best_cycle[PLAYER_SLOT] = 500;
+    map_file(1) = plain_map(9);
+    type({VK_OEM_4});
+    EXPECT_EQ(race_number, 1);
+    EXPECT_EQ(track_grid[77], 9);
+    EXPECT_EQ(best_cycle[PLAYER_SLOT], BEST_CYCLE_NONE);
+    type({VK_OEM_6});
+    type({VK_OEM_6});
+    EXPECT_EQ(race_number, 2);
+    type({VK_OEM_4, VK_OEM_6}); // first back to track 1, then on to track 2
+    EXPECT_EQ(race_number, 2);
+}
+
+TEST_F(Selection, AHeldBracketActsInEveryFrame) {
+    key_down[VK_OEM_4] = 1;
+    best_cycle[PLAYER_SLOT] = 500;
+    frames(1);
+    best_cycle[PLAYER_SLOT] = 500;
+    frames(1);
+    EXPECT_EQ(best_cycle[PLAYER_SLOT], BEST_CYCLE_NONE);
+}
+
+TEST_F(Selection, ShortAndMissingMapsLeaveTheRestOfTheGrid) {
+    std::memset(track_grid, 5, TRACK_MAP_BYTES);
+    map_file(2).assign(10000, 0);
+    type({VK_OEM_6});
+    EXPECT_EQ(track_grid[9999], 0);
+    EXPECT_EQ(track_grid[10000], 5);
+
+    scripted::memory_files.erase("data/race2.map");
+    type({VK_OEM_6});
+    EXPECT_EQ(track_grid[0], 0);
+    EXPECT_EQ(scripted::memory_files.count("data/race2.map"), 1U) << "created empty";
+
+    map_file(2) = plain_map(7);
+    scripted::memory_files["data/race2.map"].read_only = true;
+    x = 9.0F;
+    type({VK_OEM_6});
+    EXPECT_EQ(track_grid[0], 0);
+    EXPECT_EQ(x, 2400.0F) << "the race starts afresh all the same";
+
+    scripted::memory_files["data/race2.map"].read_only = false;
+    map_file(2).push_back(8); // bytes beyond the grid are nobody's
+    type({VK_OEM_6});
+    EXPECT_EQ(track_grid[TRACK_MAP_BYTES - 1], 7);
+}
+
+TEST_F(Selection, DigitsSetTheDifficultyOnlyTheHighestWins) {
+    cycle[PLAYER_SLOT] = 44;
+    type({'1'});
+    EXPECT_EQ(difficulty, EASY);
+    type({'2'});
+    EXPECT_EQ(difficulty, THOUGH);
+    type({'3', '1'});
+    EXPECT_EQ(difficulty, ADVANCED);
+    EXPECT_EQ(cycle[PLAYER_SLOT], 44);
+}
+
+TEST_F(Selection, FunctionKeysHoldTheGameOncePerPress) {
+    key_down[VK_F1] = key_down[VK_F2] = 1;
+    handle_race_keys();
+    EXPECT_EQ(scripted::slept_ms, 700U);
+    handle_race_keys();
+    EXPECT_EQ(scripted::slept_ms, 700U);
+}
+
+} // namespace
+} // namespace tarvik::test

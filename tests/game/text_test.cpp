@@ -1,0 +1,98 @@
+// The font and the texts on the screen.
+#include "race/track_view.h"
+#include "race/view.h"
+#include "render/glyph_table.h"
+#include "render/presentation.h"
+#include "render/text.h"
+#include "tests/support/race_test.h"
+
+namespace tarvik::test {
+namespace {
+
+class Text : public RaceTest {
+  protected:
+    static std::string drawn(const char* text, int at_x, int at_y) {
+        clear_frame();
+        std::snprintf(text_buffer, TEXT_BUFFER_SIZE, "%s", text);
+        draw_text(at_x, at_y, 255, 255, 255);
+        return pixels_of(frame_buffer_copy(), WHITE);
+    }
+};
+
+TEST_F(Text, DrawsTheSetCellsOfAGlyphAndNothingElse) {
+    EXPECT_EQ(drawn("A", 0, 0), "1,3 0,4 2,4 0,5 1,5 2,5 0,6 2,6 0,7 2,7");
+    EXPECT_EQ(drawn("", 0, 0), "");
+    EXPECT_EQ(drawn("g,", 0, 0), "1,5 0,6 2,6 1,7 2,7 5,7 2,8 4,8 1,9");
+}
+
+TEST_F(Text, NeverDrawsPadding) {
+    EXPECT_EQ(drawn("\\", 0, 0), "0,4 1,5");
+    EXPECT_EQ(drawn("y", 0, 0), "0,5 2,5 0,6 2,6 1,7 1,8");
+}
+
+TEST_F(Text, AdvancesByEachGlyphsWidthAndOne) {
+    EXPECT_EQ(drawn("i@:", 0, 0).substr(0, 9), "0,3 4,3 5");
+    EXPECT_EQ(drawn("Easy.", 0, 0).find("18,7") == std::string::npos, false); // 17 + column 1
+    EXPECT_EQ(drawn("                          .", 100, 0), "179,7");
+}
+
+TEST_F(Text, SkipsCharactersWithoutAGlyph) {
+    EXPECT_EQ(drawn("\x01`A{|}~\x7F\x80\xFF", 0, 0), drawn("A", 0, 0));
+    EXPECT_EQ(drawn("A\xE9"
+                    "A",
+                    0, 0),
+              drawn("AA", 0, 0));
+}
+
+TEST_F(Text, IsCutAtTheViewsEdges) {
+    EXPECT_EQ(drawn("AA", 317, 235), "318,238 317,239 319,239");
+}
+
+TEST_F(Text, TheFontIsWellFormed) {
+    int glyphs = 0;
+    for (int code = 0; code < GLYPH_COUNT; ++code) {
+        const char* glyph = glyph_table[code];
+        ASSERT_EQ(glyph == nullptr, code < 32 || code == 96 || code > 122) << code;
+        if (glyph == nullptr) {
+            continue;
+        }
+        ++glyphs;
+        EXPECT_EQ(std::strlen(glyph), code == ' ' ? 80U : 88U) << code;
+        EXPECT_EQ(glyph[1], code == '_' ? '7' : '8') << code;
+        EXPECT_EQ(std::string(glyph).find_first_not_of("01", 2), std::string::npos) << code;
+    }
+    EXPECT_EQ(glyphs, 90);
+}
+
+TEST_F(Text, TheStatusShowsTheRaceAsItIs) {
+    gear[PLAYER_SLOT] = 5;
+    best_cycle[PLAYER_SLOT] = 4321;
+    last_cycle[PLAYER_SLOT] = 9876;
+    cycle[PLAYER_SLOT] = 120;
+    penalty[PLAYER_SLOT] = 41.9F;
+    for (const auto& [level, name] :
+         {std::pair(EASY, "Easy"), {THOUGH, "Though"}, {ADVANCED, "Advanced"}}) {
+        difficulty = level;
+        draw_track_and_hud();
+        EXPECT_TRUE(shows_text(frame_buffer_copy(), name, 30, 44, WHITE)) << name;
+    }
+    const Picture picture = frame_buffer_copy();
+    EXPECT_TRUE(shows_text(picture, "Gear : 5", 30, 30, WHITE));
+    EXPECT_TRUE(shows_text(picture, "Best Cycle : 4321", 146 + 26 * 3, 16, WHITE));
+    EXPECT_TRUE(shows_text(picture, "Race ended : 9876           Cycle : 120", 146, 30, WHITE));
+    EXPECT_TRUE(shows_text(picture, "Punition : 41", 146 + 26 * 3, 44, WHITE));
+}
+
+TEST_F(Text, TheOverlayNamesTheBuildAndTheKeys) {
+    race_frame();
+    const Picture picture = frame_buffer_copy();
+    EXPECT_TRUE(shows_text(picture, "WIN32TARVIK001", 12, 14, YELLOW));
+    EXPECT_TRUE(
+        shows_text(picture, "Press A,Z,UP,DOWN,LEFT,RIGHT,ESCAPE,1,2,3,[,]", 12, 216, YELLOW));
+    const std::string credit = pixels_of(picture, YELLOW);
+    EXPECT_NE(credit.find(",231"), std::string::npos);
+    EXPECT_EQ(credit.find("319,"), std::string::npos) << "the credit line must fit";
+}
+
+} // namespace
+} // namespace tarvik::test

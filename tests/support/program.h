@@ -1,0 +1,54 @@
+// The whole game, from WinMain to its end, driven by a script.
+#pragma once
+
+#include "tests/support/picture.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tarvik::test {
+
+/// Called at the message pump of every frame, the first being 1. Everything before that point of
+/// the frame has happened, nothing after it.
+using FrameScript = std::function<void(int frame)>;
+
+/// Runs WinMain with `script` and returns its result. The script posts what it likes through
+/// press, release and post_message; after frame `frames` the window is asked to close.
+int run_program(int frames, const FrameScript& script = {});
+
+/// Posts a key's message; the game handles one message a frame.
+void press(int virtual_key);
+void release(int virtual_key);
+
+/// The pictures shown since the program started, kept while `keep_pictures` is set; and the last
+/// one always.
+extern bool keep_pictures;
+extern std::vector<Picture> pictures;
+
+/// A map in memory: TRACK_MAP_BYTES cells of `value`.
+std::vector<std::uint8_t> plain_map(std::uint8_t value);
+
+/// Sets a rectangle of cells of a map.
+void fill_cells(std::vector<std::uint8_t>& map, int left, int top, int width, int height,
+                std::uint8_t value);
+
+/// An archive with an image for each given sprite number; all others are empty.
+struct Image {
+    int number;
+    std::int32_t width;
+    std::int32_t height;
+    std::int32_t bytes_per_pixel;
+    std::vector<std::uint8_t> bytes;
+};
+std::vector<std::uint8_t> archive_of(const std::vector<Image>& images);
+
+/// A square image of one colour.
+Image plain_image(int number, int side, Pixel colour);
+
+/// Puts the files of a data folder in memory under the game: both maps and the archive.
+void install_data(std::vector<std::uint8_t> race1, std::vector<std::uint8_t> race2,
+                  std::vector<std::uint8_t> archive);
+
+} // namespace tarvik::test
