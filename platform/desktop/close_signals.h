@@ -1,0 +1,12 @@
+// Ctrl+C and SIGTERM, kept until the game can be asked to close.
+#pragma once
+
+namespace tarvik {
+
+/// From here on the two signals no longer end the program but are noted.
+void watch_close_signals();
+
+/// Whether a signal came since the last call.
+bool take_close_signal();
+
+} // namespace tarvik

@@ -1,0 +1,114 @@
+// Start of SDL's video, with everything switched off that the game has no use for.
+#include "platform/desktop/display.h"
+
+#include "platform/desktop/close_signals.h"
+#include "platform/desktop/x11_keyboard.h"
+
+#include <SDL.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace tarvik {
+
+namespace {
+
+bool keys_from_x11 = false;
+
+[[noreturn]] void exit_without(const char* what, const char* reason) {
+    std::fprintf(stderr, "tarvik: %s (%s)\n", what, reason);
+    SDL_Quit();
+    std::exit(EXIT_FAILURE);
+}
+
+void hint(const char* name, const char* value) {
+    SDL_SetHintWithPriority(name, value, SDL_HINT_OVERRIDE);
+}
+
+void set_hints() {
+    // Without this list SDL would rather draw into nothing than say that there is no display. And
+    // libwayland complains on standard error when it is asked where no session is.
+    const bool may_have_wayland = std::getenv("XDG_RUNTIME_DIR") != nullptr;
+    hint(SDL_HINT_VIDEODRIVER, may_have_wayland ? "x11,wayland" : "x11");
+    hint(SDL_HINT_APP_NAME, "Tarvik");
+    hint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    hint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");
+    hint(SDL_HINT_MOUSE_AUTO_CAPTURE, "0");
+    hint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
+    hint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0"); // the window does not fill the screen
+    setenv("SDL_VIDEO_X11_WMCLASS", "Tarvik", 1);
+    // The game reads keys, not text. An input method, or an accent key that waits for its letter,
+    // would keep presses from it.
+    setenv("XMODIFIERS", "@im=none", 1);
+    setenv("XCOMPOSEFILE", "/dev/null", 1);
+}
+
+void ask_for_colour_bits(int bits) {
+    SDL_GL_SetAttribute(SDL_GL_RED_SIZE, bits);
+    SDL_GL_SetAttribute(SDL_GL_GREEN_SIZE, bits);
+    SDL_GL_SetAttribute(SDL_GL_BLUE_SIZE, bits);
+}
+
+void ask_for_pixel_format() {
+    SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_COMPATIBILITY);
+    SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, 1);
+    SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, 16);
+}
+
+bool can_show_opengl() {
+    SDL_Window* window = SDL_CreateWindow("", 0, 0, 1, 1, SDL_WINDOW_OPENGL | SDL_WINDOW_HIDDEN);
+    SDL_GLContext context = window != nullptr ? SDL_GL_CreateContext(window) : nullptr;
+    const bool possible = context != nullptr;
+    if (possible) {
+        SDL_GL_DeleteContext(context);
+    }
+    if (window != nullptr) {
+        SDL_DestroyWindow(window);
+    }
+    return possible;
+}
+
+void choose_key_source() {
+    const char* driver = SDL_GetCurrentVideoDriver();
+    keys_from_x11 = driver != nullptr && std::strcmp(driver, "x11") == 0 && open_x11_keyboard();
+    if (keys_from_x11) {
+        SDL_EventState(SDL_SYSWMEVENT, SDL_ENABLE); // these carry the X events
+        SDL_EventState(SDL_KEYDOWN, SDL_IGNORE);
+        SDL_EventState(SDL_KEYUP, SDL_IGNORE);
+    }
+}
+
+} // namespace
+
+void open_display_or_exit() {
+    watch_close_signals();
+    set_hints();
+    SDL_SetMainReady();
+    // SDL keeps the screen saver away, as the game does on Windows by swallowing its command.
+    if (SDL_Init(SDL_INIT_VIDEO) != 0) {
+        exit_without("no display: neither an X11 nor a Wayland session can be reached",
+                     SDL_GetError());
+    }
+    SDL_StopTextInput();
+    ask_for_pixel_format();
+    // Eight bits a colour, or as many as the display has.
+    ask_for_colour_bits(8);
+    if (!can_show_opengl()) {
+        ask_for_colour_bits(1);
+        if (!can_show_opengl()) {
+            exit_without("no OpenGL: the display cannot show OpenGL pictures", SDL_GetError());
+        }
+    }
+    choose_key_source();
+}
+
+void close_display() {
+    SDL_Quit();
+}
+
+bool has_x11_keyboard() {
+    return keys_from_x11;
+}
+
+} // namespace tarvik

@@ -1,0 +1,115 @@
+// Keyboard and close events as messages; the mouse has a file of its own.
+#include "platform/desktop/events.h"
+
+#include "platform/desktop/close_signals.h"
+#include "platform/desktop/keys.h"
+#include "platform/desktop/mouse_messages.h"
+#include "platform/desktop/x11_keyboard.h"
+
+#include <SDL.h>
+#include <SDL_syswm.h>
+
+#include <array>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int VK_MENU = 0x12;
+constexpr int VK_F4 = 0x73;
+
+// Static, since it is read once a frame.
+std::array<SDL_Event, 256> events;
+
+bool is_held(int virtual_key) {
+    return GetAsyncKeyState(virtual_key) < 0;
+}
+
+bool sdl_key_message(const SDL_KeyboardEvent& event, Message& message) {
+    const auto character = static_cast<std::uint32_t>(event.keysym.sym);
+    const int modifiers = event.keysym.mod;
+    const bool down = event.state == SDL_PRESSED;
+    return key_message({.place = event.keysym.scancode,
+                        .character = (character & SDLK_SCANCODE_MASK) != 0 ? 0 : character,
+                        .down = down,
+                        .was_down = !down || event.repeat != 0,
+                        .alt = (modifiers & KMOD_ALT) != 0,
+                        .control = (modifiers & KMOD_CTRL) != 0,
+                        .num_lock = (modifiers & KMOD_NUM) != 0},
+                       message);
+}
+
+// When the focus leaves, SDL lets go of all keys itself and then says that the focus is lost. To
+// Windows those keys are still down.
+bool is_released_by_focus_loss(std::span<const SDL_Event> from_release_on) {
+    for (const SDL_Event& event : from_release_on) {
+        if (event.type != SDL_KEYUP) {
+            return event.type == SDL_WINDOWEVENT &&
+                   event.window.event == SDL_WINDOWEVENT_FOCUS_LOST;
+        }
+    }
+    return false;
+}
+
+// Window managers answer Alt+F4 with the close request that their close button makes too. Windows
+// tells them apart, and so does the game.
+Message close_message(Uint32 time) {
+    if (is_held(VK_MENU) && is_held(VK_F4)) {
+        return {WM_SYSCOMMAND, SC_CLOSE, 0, time};
+    }
+    return {WM_CLOSE, 0, 0, time};
+}
+
+void translate(std::span<const SDL_Event> from_event_on, MessageQueue& queue) {
+    const SDL_Event& event = from_event_on.front();
+    Message message{};
+    message.time = event.common.timestamp;
+    bool wanted = false;
+    switch (event.type) {
+    case SDL_SYSWMEVENT: {
+        KeyChange change{};
+        wanted = read_x11_key_event(event.syswm.msg->msg.x11.event, change) &&
+                 key_message(change, message);
+        break;
+    }
+    case SDL_KEYDOWN:
+    case SDL_KEYUP:
+        wanted = !is_released_by_focus_loss(from_event_on) && sdl_key_message(event.key, message);
+        break;
+    case SDL_WINDOWEVENT:
+        wanted = event.window.event == SDL_WINDOWEVENT_CLOSE;
+        message = wanted ? close_message(message.time) : message;
+        break;
+    case SDL_QUIT: // the display is going away
+        message.message = WM_CLOSE;
+        wanted = true;
+        break;
+    default:
+        append_mouse_messages(event, queue);
+        break;
+    }
+    if (wanted) {
+        queue.append_input(message);
+    }
+}
+
+} // namespace
+
+void collect_messages(MessageQueue& queue) {
+    if (take_close_signal()) {
+        queue.append({WM_CLOSE, 0, 0, SDL_GetTicks()});
+    }
+    SDL_PumpEvents();
+    int count = 0;
+    do {
+        count = SDL_PeepEvents(events.data(), static_cast<int>(events.size()), SDL_GETEVENT,
+                               SDL_FIRSTEVENT, SDL_LASTEVENT);
+        const std::span<const SDL_Event> batch(events.data(),
+                                               static_cast<std::size_t>(count > 0 ? count : 0));
+        for (std::size_t i = 0; i < batch.size(); ++i) {
+            translate(batch.subspan(i), queue);
+        }
+    } while (count == static_cast<int>(events.size()));
+}
+
+} // namespace tarvik

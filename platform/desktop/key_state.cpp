@@ -1,0 +1,35 @@
+// The state of a key at the moment of the call.
+#include "platform/desktop/display.h"
+#include "platform/desktop/keys.h"
+#include "platform/desktop/x11_keyboard.h"
+#include "platform/win32.h"
+
+#include <SDL.h>
+
+namespace {
+
+// Wayland tells only those keys that go down while the window has the focus.
+bool sdl_key_is_held(int virtual_key) {
+    const Uint8* held = SDL_GetKeyboardState(nullptr);
+    const bool num_lock = (SDL_GetModState() & KMOD_NUM) != 0;
+    for (const tarvik::Key& key : tarvik::all_keys()) {
+        if (held[key.place] == 0) {
+            continue;
+        }
+        const SDL_Keycode code = SDL_GetKeyFromScancode(static_cast<SDL_Scancode>(key.place));
+        const auto character = static_cast<std::uint32_t>(code);
+        if (tarvik::virtual_key_of(key.place, (character & SDLK_SCANCODE_MASK) != 0 ? 0 : character,
+                                   num_lock) == virtual_key) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+extern "C" SHORT WINAPI GetAsyncKeyState(int virtual_key) {
+    const bool held = tarvik::has_x11_keyboard() ? tarvik::x11_key_is_held(virtual_key)
+                                                 : sdl_key_is_held(virtual_key);
+    return static_cast<SHORT>(held ? -0x8000 : 0);
+}

@@ -1,0 +1,44 @@
+// Which virtual-key code a key has, and the message that its press or release makes.
+//
+// A key is known by its place on the keyboard, given as the number the USB keyboard page has for
+// it (usage 0x04 is the A key of a US keyboard), and by the character that the player's layout
+// puts on it.
+#pragma once
+
+#include "platform/desktop/message_queue.h"
+
+#include <cstdint>
+#include <span>
+
+namespace tarvik {
+
+/// A key of a full keyboard.
+struct Key {
+    std::uint8_t place;         ///< USB keyboard usage
+    std::uint8_t virtual_key;   ///< code of the place; for letters that of a US layout
+    std::uint8_t keypad_motion; ///< code on the keypad while Num Lock is off, else 0
+    const char* xkb_name;       ///< name of the place in the X keyboard extension, 4 characters
+};
+
+/// Every key that has a virtual-key code.
+std::span<const Key> all_keys();
+
+/// A press or release, with what the layout and the held keys make of it.
+struct KeyChange {
+    int place;               ///< USB keyboard usage
+    std::uint32_t character; ///< Unicode character without modifiers; 0 when there is none
+    bool down;
+    bool was_down; ///< a press by auto-repeat, or a release
+    bool alt;      ///< Alt is held (AltGr is not Alt)
+    bool control;
+    bool num_lock;
+};
+
+/// The virtual-key code of the key at a place, 0 when it has none. Letters go by the character;
+/// digits, brackets and all else by the place.
+int virtual_key_of(int place, std::uint32_t character, bool num_lock);
+
+/// Fills in the message of a key change (its time excepted). False for a key without a code.
+bool key_message(const KeyChange& change, Message& message);
+
+} // namespace tarvik

@@ -1,0 +1,64 @@
+// The message loop's calls, and the two by which a program drives the game.
+#include "platform/desktop/events.h"
+#include "platform/desktop/game_window.h"
+#include "platform/driver.h"
+
+#include <SDL_timer.h>
+
+namespace tarvik {
+
+namespace {
+
+MessageQueue queue;
+void (*frame_hook)() = nullptr;
+
+} // namespace
+
+void set_frame_hook(void (*hook)()) {
+    frame_hook = hook;
+}
+
+void post_message(UINT message, WPARAM wparam, LPARAM lparam) {
+    queue.append({message, wparam, lparam, SDL_GetTicks()});
+}
+
+} // namespace tarvik
+
+using namespace tarvik;
+
+extern "C" {
+
+// All messages are for the one window, so neither the window nor a range of messages chooses any.
+BOOL WINAPI PeekMessageA(LPMSG message, HWND, UINT, UINT, UINT) {
+    if (frame_hook != nullptr) {
+        frame_hook();
+    }
+    collect_messages(queue);
+    Message next{};
+    if (!queue.take(next)) {
+        return FALSE;
+    }
+    *message = {game_window(), next.message, next.wparam, next.lparam, next.time, {}};
+    return TRUE;
+}
+
+LRESULT WINAPI DispatchMessageA(const MSG* message) {
+    return call_window_procedure(message->hwnd, message->message, message->wParam, message->lParam);
+}
+
+LRESULT WINAPI DefWindowProcA(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    constexpr WPARAM VK_F4 = 0x73;
+    if (message == WM_SYSKEYDOWN && wparam == VK_F4 && (lparam & KEY_ALT_HELD) != 0) {
+        post_message(WM_SYSCOMMAND, SC_CLOSE, 0);
+    } else if (message == WM_SYSCOMMAND && wparam == SC_CLOSE) {
+        call_window_procedure(window, WM_CLOSE, 0, 0);
+    } else if (message == WM_CLOSE) {
+        DestroyWindow(window);
+    }
+    return 0;
+}
+
+// The game learns of its end from its own flag and never looks for the quit message.
+void WINAPI PostQuitMessage(int) {}
+
+} // extern "C"

@@ -1,0 +1,122 @@
+// Window classes and the window.
+#include "platform/desktop/game_window.h"
+
+#include <SDL.h>
+#include <SDL_opengl.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tarvik {
+
+namespace {
+
+std::vector<std::pair<std::string, WNDPROC>> classes;
+HWND window_handle = nullptr;
+WNDPROC window_procedure = nullptr;
+
+auto find_class(LPCSTR name) {
+    auto entry = classes.begin();
+    while (entry != classes.end() && (name == nullptr || entry->first != name)) {
+        ++entry;
+    }
+    return entry;
+}
+
+// Until the first swap an X11 window shows whatever was on the screen before.
+void show_black(SDL_Window* window) {
+    if (SDL_GL_GetCurrentWindow() == window) {
+        glClear(GL_COLOR_BUFFER_BIT);
+        SDL_GL_SwapWindow(window);
+    }
+}
+
+} // namespace
+
+HWND game_window() {
+    return window_handle;
+}
+
+LRESULT call_window_procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    const bool exists = window != nullptr && window == window_handle;
+    return exists ? window_procedure(window, message, wparam, lparam) : 0;
+}
+
+} // namespace tarvik
+
+using namespace tarvik;
+
+extern "C" {
+
+HMODULE WINAPI GetModuleHandleA(LPCSTR) {
+    static char module;
+    return reinterpret_cast<HMODULE>(&module);
+}
+
+ATOM WINAPI RegisterClassA(const WNDCLASSA* window_class) {
+    const bool usable = window_class != nullptr && window_class->lpszClassName != nullptr &&
+                        window_class->lpfnWndProc != nullptr;
+    if (!usable || find_class(window_class->lpszClassName) != classes.end()) {
+        return 0;
+    }
+    classes.emplace_back(window_class->lpszClassName, window_class->lpfnWndProc);
+    constexpr ATOM FIRST_ATOM = 0xC000;
+    return static_cast<ATOM>(FIRST_ATOM + classes.size());
+}
+
+BOOL WINAPI UnregisterClassA(LPCSTR class_name, HINSTANCE) {
+    const auto entry = find_class(class_name);
+    const bool in_use = window_handle != nullptr;
+    if (entry == classes.end() || in_use) {
+        return FALSE;
+    }
+    classes.erase(entry);
+    return TRUE;
+}
+
+// Position and size are those of the picture: a popup window has no frame. Like on Windows, the
+// positions count from the corner of the primary display.
+HWND WINAPI CreateWindowExA(DWORD, LPCSTR class_name, LPCSTR title, DWORD, int x, int y, int width,
+                            int height, HWND, HMENU, HINSTANCE, LPVOID) {
+    const auto entry = find_class(class_name);
+    if (entry == classes.end() || window_handle != nullptr) {
+        return nullptr;
+    }
+    SDL_Rect primary{};
+    SDL_GetDisplayBounds(0, &primary);
+    constexpr Uint32 FLAGS = SDL_WINDOW_OPENGL | SDL_WINDOW_BORDERLESS | SDL_WINDOW_HIDDEN;
+    SDL_Window* window =
+        SDL_CreateWindow(title, primary.x + x, primary.y + y, width, height, FLAGS);
+    window_handle = reinterpret_cast<HWND>(window);
+    window_procedure = entry->second;
+    return window_handle;
+}
+
+BOOL WINAPI ShowWindow(HWND window, int show_command) {
+    if (window == nullptr || window != window_handle) {
+        return FALSE;
+    }
+    SDL_Window* shown = sdl_window(window);
+    const bool was_visible = (SDL_GetWindowFlags(shown) & SDL_WINDOW_SHOWN) != 0;
+    if (show_command == SW_SHOW) {
+        SDL_ShowWindow(shown);
+        SDL_RaiseWindow(shown);
+        show_black(shown);
+    } else {
+        SDL_HideWindow(shown);
+    }
+    return was_visible ? TRUE : FALSE;
+}
+
+BOOL WINAPI DestroyWindow(HWND window) {
+    if (window == nullptr || window != window_handle) {
+        return FALSE;
+    }
+    call_window_procedure(window, WM_DESTROY, 0, 0);
+    window_handle = nullptr;
+    SDL_DestroyWindow(sdl_window(window));
+    return TRUE;
+}
+
+} // extern "C"
