@@ -1,0 +1,98 @@
+// Round the ring in exact arithmetic.
+#include "tests/signature/autopilot.h"
+
+#include "platform/win32.h"
+#include "race/race_state.h"
+#include "race/track_grid.h"
+#include "tests/support/program.h"
+
+namespace tarvik::test {
+
+namespace {
+
+constexpr std::int64_t HALF_WIDTH = 70;
+constexpr double FRAMES_AHEAD = 30.0; // how far the driver looks
+constexpr double TOLERANCE = 2.0;     // cells off the middle line
+
+bool holding_up = false;
+int held_arrow = 0;
+int frames_to_next_shift = 0;
+double last_x = 0.0;
+double last_y = 0.0;
+
+/// Changes the arrow that is held, one message at a time.
+void hold_arrow(int wanted) {
+    if (wanted == held_arrow) {
+        return;
+    }
+    if (held_arrow != 0) {
+        release(held_arrow);
+        held_arrow = 0;
+    } else {
+        press(wanted);
+        held_arrow = wanted;
+    }
+}
+
+/// Which arrow turns the car towards where the ring's middle line will be, or none.
+int arrow_for(double from_centre_x, double from_centre_y, double way_x, double way_y) {
+    const double square = from_centre_x * from_centre_x + from_centre_y * from_centre_y;
+    const double outward = (way_x * from_centre_x + way_y * from_centre_y) / RING_RADIUS;
+    // (r^2 - R^2) / 2R is close to r - R, without a square root.
+    const double off = (square - 1.0 * RING_RADIUS * RING_RADIUS) / (2.0 * RING_RADIUS);
+    const double off_soon = off + FRAMES_AHEAD * outward;
+    if (off_soon > TOLERANCE) {
+        return VK_RIGHT;
+    }
+    return off_soon < -TOLERANCE ? VK_LEFT : 0;
+}
+
+} // namespace
+
+std::vector<std::uint8_t> ring_map() {
+    std::vector<std::uint8_t> map = plain_map(CELL_OFF_TRACK);
+    constexpr std::int64_t INNER = (RING_RADIUS - HALF_WIDTH) * (RING_RADIUS - HALF_WIDTH);
+    constexpr std::int64_t OUTER = (RING_RADIUS + HALF_WIDTH) * (RING_RADIUS + HALF_WIDTH);
+    for (std::int64_t y = RING_Y - 900; y < RING_Y + 900; ++y) {
+        for (std::int64_t x = RING_X - 1000; x < RING_X + 1000; ++x) {
+            const std::int64_t square = (x - RING_X) * (x - RING_X) + (y - RING_Y) * (y - RING_Y);
+            std::uint8_t& cell = map[static_cast<std::size_t>(y * TRACK_WIDTH + x)];
+            if (square > INNER && square < OUTER) {
+                cell = static_cast<std::uint8_t>((x ^ y) % 2 * 255); // 0 and 255 are both road
+            } else if (x * 31 % 97 == y * 17 % 89) {
+                cell = 2; // so is this, here and there on the grass
+            }
+        }
+    }
+    return map;
+}
+
+void drive_ring(std::int32_t wanted_gear) {
+    const auto x = static_cast<double>(car_x[PLAYER_SLOT]);
+    const auto y = static_cast<double>(car_y[PLAYER_SLOT]);
+    const double way_x = x - last_x;
+    const double way_y = y - last_y;
+    last_x = x;
+    last_y = y;
+
+    if (gear[PLAYER_SLOT] < wanted_gear && --frames_to_next_shift <= 0) {
+        press('A');
+        release('A');
+        frames_to_next_shift = 90;
+    } else if (!holding_up) {
+        press(VK_UP);
+        holding_up = true;
+    } else {
+        hold_arrow(arrow_for(x - RING_X, y - RING_Y, way_x, way_y));
+    }
+}
+
+void restart_autopilot() {
+    holding_up = false;
+    held_arrow = 0;
+    frames_to_next_shift = 0;
+    last_x = static_cast<double>(car_x[PLAYER_SLOT]);
+    last_y = static_cast<double>(car_y[PLAYER_SLOT]);
+}
+
+} // namespace tarvik::test
