@@ -1,0 +1,130 @@
+// tarvik-data: makes, shows and checks the data that the game reads.
+#include "tools/data/cell_rule.h"
+#include "tools/data/picture_archive.h"
+#include "tools/data/track_drawing.h"
+#include "tools/data/track_picture.h"
+#include "tools/files/failure.h"
+#include "tools/track/track.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <iostream>
+#include <new>
+#include <string>
+
+namespace {
+
+using namespace tarvik;
+
+struct Arguments {
+    std::string input;
+    std::string output;
+    int size = 1000;
+};
+
+std::string with_rule(const char* text) {
+    return std::string(text) + "\n\n" + CELL_RULE_TEXT;
+}
+
+void add_track_commands(CLI::App& app, Arguments& arguments) {
+    CLI::App* track = app.add_subcommand("track", "Track maps: build, look at, check, import")
+                          ->require_subcommand(1);
+    CLI::App* build = track->add_subcommand(
+        "build",
+        with_rule("Makes a map from an SVG drawing. The drawing's square page becomes the "
+                  "map's 10000 by 10000 cells, whatever its own size; a page of 10000 by 10000 "
+                  "units (viewBox=\"0 0 10000 10000\") has one unit a cell. The start is at "
+                  "(2400, 2480), heading up; the start/finish box is the square from (2392, 2392) "
+                  "to (2408, 2408).\n\nExample: tarvik-data track build mine.svg "
+                  "data/race2.map"));
+    build->add_option("DRAWING", arguments.input, "the SVG drawing")->required();
+    build->add_option("MAP", arguments.output, "the map to write")->required();
+    build->callback([&] { build_track(arguments.input, arguments.output); });
+
+    CLI::App* preview = track->add_subcommand(
+        "preview", "Draws a map as a PNG picture in the game's colours.\n\nExample: tarvik-data "
+                   "track preview data/race1.map race1.png --size 1000");
+    preview->add_option("MAP", arguments.input, "the map")->required();
+    preview->add_option("PICTURE", arguments.output, "the PNG picture to write")->required();
+    preview
+        ->add_option("--size", arguments.size,
+                     "pixels to a side; with 10000, one a cell, import gives the same track back")
+        ->check(CLI::Range(1, MAP_SIDE))
+        ->capture_default_str();
+    preview->callback([&] { preview_track(arguments.input, arguments.output, arguments.size); });
+
+    CLI::App* import = track->add_subcommand(
+        "import",
+        with_rule("Makes a map from a square PNG picture of any size up to 16384 pixels, "
+                  "scaled to the map's 10000 by 10000 cells with smooth edges.\n\nExample: "
+                  "tarvik-data track import mine.png data/race2.map"));
+    import->add_option("PICTURE", arguments.input, "the PNG picture")->required();
+    import->add_option("MAP", arguments.output, "the map to write")->required();
+    import->callback([&] { import_track(arguments.input, arguments.output);
+});
+} // namespace
+
+void add_picture_commands(CLI::App& app, Arguments& arguments) {
+    CLI::App* pictures = app.add_subcommand("pictures", "The game's pictures: pack, list, unpack")
+                             ->require_subcommand(1);
+    CLI::App* pack = pictures->add_subcommand(
+        "pack",
+        "Packs the PNG pictures of a folder into a graphics archive. A picture's name begins with "
+        "its sprite number, 0 to 1399, and may go on after a hyphen: 030.png, 30.png, "
+        "250-pointer.png. Files with other endings are left out. The game draws 30 (the start "
+        "marker over the start/finish box, 16 by 16) and 250 (the mouse pointer).\n\n"
+        "Pictures are square, at most 1024 pixels to a side. Pixels less than half opaque become "
+        "transparent, all others solid. The archive keeps black for transparent; a solid black "
+        "pixel becomes (1, 1, 1).\n\nExample: tarvik-data pictures pack content "
+        "data/graphics.dat");
+    pack->add_option("FOLDER", arguments.input, "the folder with the PNG pictures")->required();
+    pack->add_option("ARCHIVE", arguments.output, "the archive to write")->required();
+    pack->callback([&] { pack_pictures(arguments.input, arguments.output); });
+
+    CLI::App* list = pictures->add_subcommand(
+        "list", "Lists the pictures of a graphics archive.\n\nExample: tarvik-data pictures list "
+                "data/graphics.dat");
+    list->add_option("ARCHIVE", arguments.input, "the archive")->required();
+    list->callback([&] { list_pictures(arguments.input, std::cout); });
+
+    CLI::App* unpack = pictures->add_subcommand(
+        "unpack", "Writes the pictures of a graphics archive to a folder as 030.png, 250.png and "
+                  "so on; packing them again gives the same archive.\n\nExample: tarvik-data "
+                  "pictures unpack data/graphics.dat pictures");
+    unpack->add_option("ARCHIVE", arguments.input, "the archive")->required();
+    unpack->add_option("FOLDER", arguments.output, "the folder, made if missing")->required();
+    unpack->callback([&] { unpack_pictures(arguments.input, arguments.output); });
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    CLI::App app("Makes, shows and checks the data that Tarvik reads: track maps and pictures.");
+    app.require_subcommand(1);
+    app.footer("Each command explains itself: tarvik-data track build --help\n"
+               "A drawing becomes a track you can race on in three steps:\n"
+               "  tarvik-data track build mine.svg mine.map\n"
+               "  tarvik-data track check mine.map\n"
+               "  cp mine.map data/race2.map");
+    Arguments arguments;
+    add_track_commands(app, arguments);
+    add_picture_commands(app, arguments);
+    try {
+        app.parse(argc, argv);
+        std::cout.flush();
+        if (!std::cout) {
+            throw Failure("cannot write to standard output");
+        }
+        return 0;
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == 0) { // --help
+            return app.exit(error);
+        }
+        std::cerr << "tarvik-data: " << error.what() << " (tarvik-data --help explains)\n";
+    } catch (const Failure& failure) {
+        std::cerr << "tarvik-data: " << failure.what() << '\n';
+    } catch (const std::bad_alloc&) {
+        std::cerr << "tarvik-data: not enough memory\n";
+    }
+    return 1;
+}

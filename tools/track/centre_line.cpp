@@ -1,0 +1,161 @@
+// The middle of the road: a path that keeps away from the grass, drawn to the middle and smoothed.
+#include "tools/track/centre_line.h"
+
+#include "tools/track/clearance.h"
+#include "tools/track/path_search.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+namespace tarvik {
+namespace {
+
+constexpr int CENTRING_ROUNDS = 24;
+constexpr double LARGEST_SHIFT = 6.0; // cells a point moves in one round
+constexpr int TANGENT_POINTS = 4;     // a point's direction is taken this far ahead and behind
+
+struct Point {
+    double x = 0;
+    double y = 0;
+};
+using Line = std::vector<Point>;
+
+// The points before and after i on the closed line.
+const Point& around(const Line& line, std::size_t i, int offset) {
+    const auto size = static_cast<std::ptrdiff_t>(line.size());
+    const std::ptrdiff_t place = (static_cast<std::ptrdiff_t>(i) + offset % size + size) % size;
+    return line[static_cast<std::size_t>(place)];
+}
+
+// Costs grow steeply towards the grass, so that the path keeps to the middle of the road.
+std::uint32_t cost_at(std::uint16_t squared_clearance) {
+    return squared_clearance == 0 ? 0 : std::min(LARGEST_COST, 3 + 30000U / squared_clearance);
+}
+
+Line rough_line(TrackView track, const std::vector<std::uint16_t>& clearance) {
+    const GateRow gate = gate_row(track);
+    const Cell above{BOX_CENTRE_X, BOX_CENTRE_Y - 1};
+    const Cell start{START_CELL_X, START_CELL_Y};
+    if (!track.is_road(above.x, above.y) || !track.is_road(start.x, start.y)) {
+        return {};
+    }
+    const PathSearch search =
+        search_paths(track.side, above, start, Moves::KING, [&](int x, int y) {
+            return gate.contains(x, y) ? 0 : cost_at(clearance[track.index(x, y)]);
+        });
+    Line line;
+    for (const Cell& cell : search.path_to(start)) {
+        line.push_back({cell.x + 0.5, cell.y + 0.5});
+    }
+    if (!line.empty()) {
+        for (int y = START_CELL_Y - 1; y >= BOX_CENTRE_Y; --y) {
+            line.push_back({START_CELL_X + 0.5, y + 0.5});
+        }
+    }
+    return line;
+}
+
+// The same closed line with points at even distances of about CENTRE_SPACING.
+Line respaced(const Line& line) {
+    double length = 0;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        const Point& next = around(line, i, 1);
+        length += std::hypot(next.x - line[i].x, next.y - line[i].y);
+    }
+    const double spacing = length / std::max(1.0, std::round(length / CENTRE_SPACING));
+    Line result;
+    double travelled = 0;
+    double wanted = 0;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        const Point& next = around(line, i, 1);
+        const double step = std::hypot(next.x - line[i].x, next.y - line[i].y);
+        for (; wanted < travelled + step && wanted < length - spacing / 2; wanted += spacing) {
+            const double share = (wanted - travelled) / step;
+            result.push_back({line[i].x + share * (next.x - line[i].x),
+                              line[i].y + share * (next.y - line[i].y)});
+        }
+        travelled += step;
+    }
+    return result;
+}
+
+double distance_to_grass(TrackView track, Point from, double dx, double dy) {
+    int distance = 0;
+    while (distance < LARGEST_CLEARANCE &&
+           track.is_road(static_cast<int>(from.x + distance * dx),
+                         static_cast<int>(from.y + distance * dy))) {
+        ++distance;
+    }
+    return distance;
+}
+
+// Moves every point along its normal half-way towards the middle between both edges.
+void centre(TrackView track, Line& line) {
+    const Line old = line;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        const Point& ahead = around(old, i, TANGENT_POINTS);
+        const Point& behind = around(old, i, -TANGENT_POINTS);
+        const double length = std::hypot(ahead.x - behind.x, ahead.y - behind.y);
+        if (length == 0) {
+            continue;
+        }
+        const double nx = (ahead.y - behind.y) / length;
+        const double ny = -(ahead.x - behind.x) / length;
+        const double one = distance_to_grass(track, old[i], nx, ny);
+        const double other = distance_to_grass(track, old[i], -nx, -ny);
+        if (one >= LARGEST_CLEARANCE || other >= LARGEST_CLEARANCE) {
+            continue; // an edge too far to see says nothing about the middle
+        }
+        const double shift = std::clamp((one - other) / 4, -LARGEST_SHIFT, LARGEST_SHIFT);
+        line[i] = {old[i].x + shift * nx, old[i].y + shift * ny};
+    }
+}
+
+void smooth(Line& line) {
+    const Line old = line;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        const Point& before = around(old, i, -1);
+        const Point& after = around(old, i, 1);
+        line[i] = {(before.x + 2 * old[i].x + after.x) / 4,
+                   (before.y + 2 * old[i].y + after.y) / 4};
+    }
+}
+
+// The line begun at its point nearest to the middle of the box.
+void begin_in_box(Line& line) {
+    const auto distance = [](const Point& point) {
+        return std::hypot(point.x - BOX_CENTRE_X, point.y - BOX_CENTRE_Y);
+    };
+    std::rotate(
+        line.begin(),
+        std::min_element(line.begin(), line.end(),
+                         [&](const Point& a, const Point& b) { return distance(a) < distance(b); }),
+        line.end());
+}
+
+} // namespace
+
+std::vector<CentrePoint> centre_line(TrackView track) {
+    const std::vector<std::uint16_t> clearance = squared_clearance(track);
+    Line line = rough_line(track, clearance);
+    if (line.empty()) {
+        return {};
+    }
+    line = respaced(line);
+    for (int round = 0; round < CENTRING_ROUNDS; ++round) {
+        centre(track, line);
+        smooth(line);
+        smooth(line);
+        line = respaced(line);
+    }
+    begin_in_box(line);
+    std::vector<CentrePoint> result;
+    for (const Point& point : line) {
+        const std::size_t cell = track.index(static_cast<int>(point.x), static_cast<int>(point.y));
+        result.push_back({point.x, point.y, std::sqrt(clearance[cell])});
+    }
+    return result;
+}
+
+} // namespace tarvik
