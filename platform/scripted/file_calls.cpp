@@ -15,7 +15,7 @@ bool memory_folder_exists = true;
 namespace {
 
 /// One of the two is set.
-struct OpenFile {
+struct DataStream {
     const File* memory = nullptr;
     std::size_t position = 0;
     std::FILE* disk = nullptr;
@@ -26,7 +26,7 @@ std::string with_slashes(std::string name) {
     return name.starts_with("./") ? name.substr(2) : name;
 }
 
-bool open_in_memory(const std::string& name, OpenFile& file) {
+bool open_in_memory(const std::string& name, DataStream& file) {
     if (!memory_folder_exists) {
         return false;
     }
@@ -35,7 +35,7 @@ bool open_in_memory(const std::string& name, OpenFile& file) {
     return !found.read_only;
 }
 
-bool open_on_disk(const std::string& name, OpenFile& file) {
+bool open_on_disk(const std::string& name, DataStream& file) {
     file.disk = std::fopen(name.c_str(), "r+b");
     if (file.disk == nullptr) {
         file.disk = std::fopen(name.c_str(), "w+xb"); // only a missing file is created
@@ -47,7 +47,7 @@ bool open_on_disk(const std::string& name, OpenFile& file) {
     return true;
 }
 
-DWORD read_memory(OpenFile& file, void* buffer, DWORD wanted) {
+DWORD read_memory(DataStream& file, void* buffer, DWORD wanted) {
     const std::size_t left = file.memory->bytes.size() - file.position;
     const std::size_t count = std::min<std::size_t>(left, wanted);
     std::copy_n(file.memory->bytes.data() + file.position, count,
@@ -70,7 +70,7 @@ HANDLE WINAPI CreateFileA(LPCSTR name, DWORD access, DWORD share_mode,
     record("CreateFileA \"%s\" access=%u share=%u %s disposition=%u flags=0x%X %s", name,
            static_cast<UINT>(access), static_cast<UINT>(share_mode), name_of(security),
            static_cast<UINT>(disposition), static_cast<UINT>(flags), name_of(template_file));
-    auto file = std::make_unique<OpenFile>();
+    auto file = std::make_unique<DataStream>();
     const std::string path = with_slashes(name);
     if (!(use_memory_files ? open_in_memory(path, *file) : open_on_disk(path, *file))) {
         return INVALID_HANDLE_VALUE;
@@ -81,7 +81,7 @@ HANDLE WINAPI CreateFileA(LPCSTR name, DWORD access, DWORD share_mode,
 BOOL WINAPI ReadFile(HANDLE handle, LPVOID buffer, DWORD wanted, LPDWORD transferred,
                      LPOVERLAPPED overlapped) {
     record("ReadFile %u %s", static_cast<UINT>(wanted), name_of(overlapped));
-    OpenFile& file = *static_cast<OpenFile*>(handle);
+    DataStream& file = *static_cast<DataStream*>(handle);
     *transferred = file.memory != nullptr
                        ? read_memory(file, buffer, wanted)
                        : static_cast<DWORD>(std::fread(buffer, 1, wanted, file.disk));
@@ -90,7 +90,7 @@ BOOL WINAPI ReadFile(HANDLE handle, LPVOID buffer, DWORD wanted, LPDWORD transfe
 
 BOOL WINAPI CloseHandle(HANDLE handle) {
     record("CloseHandle");
-    const std::unique_ptr<OpenFile> file(static_cast<OpenFile*>(handle));
+    const std::unique_ptr<DataStream> file(static_cast<DataStream*>(handle));
     if (file->disk != nullptr) {
         std::fclose(file->disk);
     }
