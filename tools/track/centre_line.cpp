@@ -41,7 +41,7 @@ Line rough_line(TrackView track, const std::vector<std::uint16_t>& clearance) {
         return {};
     }
     const PathSearch search =
-        search_paths(track.side, above, start, Moves::KING, [&](int x, int y) {
+        search_paths(track.side, above, start, Moves::KING, [&](int x, int y) -> std::uint32_t {
             return gate.contains(x, y) ? 0 : cost_at(clearance[track.index(x, y)]);
         });
     Line line;

@@ -12,9 +12,9 @@ namespace tarvik {
 template <typename T>
 class TiledGrid {
   public:
-    TiledGrid(int side, T untouched)
-        : tiles_across_(static_cast<std::size_t>(side + TILE - 1) / TILE), untouched_(untouched),
-          tiles_(tiles_across_ * tiles_across_) {}
+    TiledGrid(int width, int height, T untouched)
+        : tiles_across_(tiles_for(width)), untouched_(untouched),
+          tiles_(tiles_across_ * tiles_for(height)) {}
 
     [[nodiscard]] T get(int x, int y) const {
         const auto& tile = tiles_[tile_index(x, y)];
@@ -33,6 +33,9 @@ class TiledGrid {
     static constexpr int TILE = 64;
     using Tile = std::array<T, static_cast<std::size_t>(TILE) * TILE>;
 
+    static std::size_t tiles_for(int cells) {
+        return static_cast<std::size_t>(cells + TILE - 1) / TILE;
+    }
     [[nodiscard]] std::size_t tile_index(int x, int y) const {
         return static_cast<std::size_t>(y / TILE) * tiles_across_ +
                static_cast<std::size_t>(x / TILE);

@@ -1,0 +1,31 @@
+// Whether a map can be raced.
+#pragma once
+
+#include "tools/track/track.h"
+
+#include <string>
+#include <vector>
+
+namespace tarvik {
+
+/// Something about the track and the cell to look at.
+struct Finding {
+    Cell cell;
+    std::string text;
+};
+
+struct TrackReport {
+    std::vector<Finding> faults;   ///< reasons why the map cannot be raced, or not fairly
+    std::vector<Finding> warnings; ///< what makes it less of a pleasure
+    std::vector<Finding> facts;    ///< what is worth knowing about a track without faults
+
+    [[nodiscard]] bool can_be_raced() const {
+        return faults.empty();
+    }
+};
+
+/// Looks at the start, the start/finish box, the loop and its width, the gate and shortcuts. Later
+/// questions are left open where an earlier fault leaves them without meaning.
+TrackReport check_track(TrackView track);
+
+} // namespace tarvik
