@@ -85,10 +85,9 @@ void add_picture_commands(CLI::App& app, Arguments& arguments) {
         "its sprite number, 0 to 1399, and may go on after a hyphen: 030.png, 30.png, "
         "250-pointer.png. Files with other endings are left out. The game draws 30 (the start "
         "marker over the start/finish box, 16 by 16) and 250 (the mouse pointer).\n\n"
-        "Pictures are square, at most 1024 pixels to a side. Pixels less than half opaque become "
-        "transparent, all others solid. The archive keeps black for transparent; a solid black "
-        "pixel becomes (1, 1, 1).\n\nExample: tarvik-data pictures pack content "
-        "data/graphics.dat");
+        "Pictures are square, at most 1024 pixels to a side. Black is transparent, and so are "
+        "pixels less than half opaque; for black that is to be seen, draw the next darker grey, "
+        "(1, 1, 1).\n\nExample: tarvik-data pictures pack content data/graphics.dat");
     pack->add_option("FOLDER", arguments.input, "the folder with the PNG pictures")->required();
     pack->add_option("ARCHIVE", arguments.output, "the archive to write")->required();
     pack->callback([&] { pack_pictures(arguments.input, arguments.output); });

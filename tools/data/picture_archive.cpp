@@ -125,10 +125,8 @@ PictureRecord picture_of(const fs::path& file) {
     for (std::size_t i = 0; i < picture.rgba.size(); i += 4) {
         const std::uint8_t* pixel = &picture.rgba[i];
         const bool solid = pixel[3] >= 128; // there is no blending in the game
-        const bool black = pixel[0] == 0 && pixel[1] == 0 && pixel[2] == 0;
         for (std::size_t component = 0; component < 3; ++component) {
-            const std::uint8_t value = black ? 1 : pixel[component];
-            record.pixels.push_back(solid ? value : 0);
+            record.pixels.push_back(solid ? pixel[component] : std::uint8_t{0});
         }
     }
     return record;
