@@ -1,0 +1,53 @@
+// The way round a track as the demo's driver sees it: an even chain of places along the middle of
+// the road, from the start/finish box round to where the chain began.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+namespace tarvik::demo {
+
+/// A point of the track, cells.
+struct Point {
+    double x;
+    double y;
+};
+
+/// Distance from one place of a course to the next, cells.
+inline constexpr double PLACE_SPACING = 4.0;
+
+struct Place {
+    Point at;
+    double heading; ///< degrees, the game's: 0 down the view, 90 right; continuous along the course
+    double bend;    ///< how sharply the road turns, radians per cell, never negative
+    double room;    ///< grass-free cells to the nearer side, at most ROOM_SEEN
+};
+
+/// How far the driver looks for the edge of the road, cells.
+inline constexpr double ROOM_SEEN = 40.0;
+
+/// A closed course; index arithmetic goes round.
+class Course {
+  public:
+    /// `loop` is a closed chain of points in driving order that starts near the box; its spacing
+    /// and its small steps do not matter. The edges of the road are taken from `track_grid`.
+    explicit Course(const std::vector<Point>& loop);
+
+    std::size_t size() const {
+        return places.size();
+    }
+    const Place& at(std::size_t index) const {
+        return places[index % places.size()];
+    }
+
+    /// The place nearest to a point among `count` places from `from` on.
+    std::size_t nearest(Point point, std::size_t from, std::size_t count) const;
+
+    /// Cells along the course from a place to the start of the chain, the shorter way.
+    double from_start(std::size_t index) const;
+
+  private:
+    std::vector<Place> places;
+};
+
+} // namespace tarvik::demo

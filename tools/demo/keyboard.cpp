@@ -1,0 +1,96 @@
+// One message a frame.
+#include "tools/demo/keyboard.h"
+
+#include "platform/driver.h"
+#include "shell/input.h"
+
+namespace tarvik::demo {
+
+namespace {
+
+constexpr int KEY_GEAR_UP = 'A';
+constexpr int KEY_GEAR_DOWN = 'Z';
+
+/// A message that has not shown its effect after so many frames never will: the player or the
+/// system has changed the key meanwhile.
+constexpr int PATIENCE = 30;
+
+bool is_gear_key(int virtual_key) {
+    return virtual_key == KEY_GEAR_UP || virtual_key == KEY_GEAR_DOWN;
+}
+
+} // namespace
+
+bool Keyboard::is_waiting(int gear) {
+    if (posted_key == 0) {
+        return false;
+    }
+    const bool consumed = is_gear_key(posted_key) && posted_down; // the game clears it at once
+    const bool arrived = consumed ? gear != gear_before : is_down(posted_key) == posted_down;
+    ++frames_waited;
+    if (!arrived && frames_waited < PATIENCE) {
+        return true;
+    }
+    posted_key = 0;
+    return false;
+}
+
+void Keyboard::post(int virtual_key, bool down) {
+    post_message(down ? WM_KEYDOWN : WM_KEYUP, static_cast<WPARAM>(virtual_key), 0);
+    posted_key = virtual_key;
+    posted_down = down;
+    frames_waited = 0;
+}
+
+/// Whether a message was necessary.
+bool Keyboard::hold(int virtual_key, bool down) {
+    if (is_down(virtual_key) == down) {
+        return false;
+    }
+    post(virtual_key, down);
+    return true;
+}
+
+void Keyboard::act(const Wish& wish, int gear) {
+    if (is_waiting(gear)) {
+        return;
+    }
+    gear_before = gear;
+    // A key goes up before its counterpart goes down.
+    const bool left = wish.steer > 0;
+    const bool right = wish.steer < 0;
+    if ((!left && hold(VK_LEFT, false)) || (!right && hold(VK_RIGHT, false)) ||
+        hold(VK_LEFT, left) || hold(VK_RIGHT, right)) {
+        return;
+    }
+    if ((!wish.throttle && hold(VK_UP, false)) || (!wish.brake && hold(VK_DOWN, false)) ||
+        hold(VK_DOWN, wish.brake) || hold(VK_UP, wish.throttle)) {
+        return;
+    }
+    if (gear_key_held != 0) {
+        post(gear_key_held, false);
+        gear_key_held = 0;
+    } else if (wish.shift != 0) {
+        gear_key_held = wish.shift > 0 ? KEY_GEAR_UP : KEY_GEAR_DOWN;
+        post(gear_key_held, true);
+    }
+}
+
+bool Keyboard::tap(int virtual_key) {
+    if (is_waiting(gear_before)) {
+        return false;
+    }
+    if (tapped_key == 0) {
+        tapped_key = virtual_key;
+        post(virtual_key, true);
+        return false;
+    }
+    if (is_down(tapped_key)) {
+        post(tapped_key, false);
+        return false;
+    }
+    tapped_key = 0;
+    return true;
+}
+
+} // namespace tarvik::demo

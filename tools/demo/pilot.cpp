@@ -1,0 +1,130 @@
+// Steering at a point ahead, pedals after the planned pace, gears after the speed.
+#include "tools/demo/pilot.h"
+
+#include "race/heading.h"
+#include "race/race_state.h"
+#include "tools/demo/pace.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tarvik::demo {
+
+namespace {
+
+constexpr std::size_t PLACES_PASSED = 24; // more than a car passes in a frame; in hairpins, fewer
+                                          // than to the other side
+
+// The point the car steers at lies this far ahead: cells, and cells more per unit of speed.
+constexpr double AIM_CELLS = 10.0;
+constexpr double AIM_PER_SPEED = 9.0;
+
+// From the 16th steering frame in a row a fast car slides; two frames without end the row.
+constexpr int STEER_ROW_LIMIT = 14;
+constexpr int STEER_ROW_PAUSE = 2;
+constexpr double SLIDING_SPEED = 0.5;
+
+/// Speeds at which the gears stop pulling.
+constexpr double GEAR_END[TOP_GEAR + 1] = {0.0, 0.6, 1.0, 1.6, 2.1, 2.7, 3.3};
+/// A lower gear is worth the shift below this part of its end.
+constexpr double SHIFT_DOWN_PART = 0.93;
+
+// How laps differ: the line by so many cells to each side, the share of steering frames by so much.
+constexpr double LINE_SPREAD = 9.0;
+constexpr double SHARE_MEAN = 0.52;
+constexpr double SHARE_SPREAD = 0.03;
+// The driver is back in the middle of the road this far from the gate, and at its line later.
+constexpr double GATE_CALM = 600.0;
+constexpr double GATE_BLEND = 400.0;
+constexpr double EDGE_MARGIN = 16.0; // cells that the middle of the car keeps from the grass
+
+} // namespace
+
+Pilot::Pilot(const Course& driven_course, std::uint32_t seed) : course(driven_course), luck(seed) {
+    begin_lap();
+}
+
+void Pilot::begin_lap() {
+    const auto between = [this](double low, double high) {
+        return low + (high - low) * static_cast<double>(luck()) / 4294967296.0;
+    };
+    line = between(-LINE_SPREAD, LINE_SPREAD);
+    pace = plan_pace(course, between(SHARE_MEAN - SHARE_SPREAD, SHARE_MEAN + SHARE_SPREAD));
+}
+
+void Pilot::find_place(Point at) {
+    current = course.nearest(at, 0, course.size());
+    straight_left = 0;
+    pedal = Pedal::NONE;
+}
+
+Point Pilot::aim(double speed) const {
+    const double ahead = AIM_CELLS + AIM_PER_SPEED * speed;
+    const std::size_t index = current + static_cast<std::size_t>(ahead / PLACE_SPACING);
+    const Place& place = course.at(index);
+    const double calm = std::clamp((course.from_start(index) - GATE_CALM) / GATE_BLEND, 0.0, 1.0);
+    const double reach = std::max(0.0, std::min(LINE_SPREAD, place.room - EDGE_MARGIN));
+    const double left = calm * std::clamp(line, -reach, reach);
+    const double across = (place.heading + 90.0) * DEG_TO_RAD;
+    return {place.at.x + left * std::sin(across), place.at.y + left * std::cos(across)};
+}
+
+int Pilot::steer(const CarView& car) {
+    if (car.speed >= SLIDING_SPEED && car.steer_count >= STEER_ROW_LIMIT && straight_left == 0) {
+        straight_left = STEER_ROW_PAUSE;
+    }
+    if (straight_left > 0) {
+        --straight_left;
+        return 0;
+    }
+    const Point target = aim(car.speed);
+    const double wanted = std::atan2(target.x - car.at.x, target.y - car.at.y) / DEG_TO_RAD;
+    const double error = std::remainder(wanted - car.heading, 360.0);
+    const double half_step = (1.2 + car.speed) / 2.0;
+    if (std::abs(error) <= half_step) {
+        return 0;
+    }
+    return error > 0.0 ? 1 : -1;
+}
+
+void Pilot::choose_pedal(const CarView& car) {
+    constexpr double TOO_FAST = 0.03;
+    constexpr double TOO_SLOW = 0.06;
+    const auto next = static_cast<std::size_t>(car.speed / PLACE_SPACING) + 1;
+    const double planned = pace[(current + next) % pace.size()];
+    if (car.speed > planned + TOO_FAST) {
+        pedal = Pedal::BRAKE;
+    } else if (car.speed < planned - TOO_SLOW) {
+        pedal = Pedal::THROTTLE;
+    } else if ((pedal == Pedal::BRAKE && car.speed <= planned) ||
+               (pedal == Pedal::THROTTLE && car.speed >= planned)) {
+        pedal = Pedal::NONE;
+    }
+}
+
+int Pilot::choose_shift(const CarView& car) const {
+    if (car.gear == 0) {
+        return 1;
+    }
+    if (pedal == Pedal::THROTTLE && car.gear < TOP_GEAR && car.speed >= GEAR_END[car.gear]) {
+        return 1;
+    }
+    if (pedal != Pedal::BRAKE && car.gear > 1 &&
+        car.speed < SHIFT_DOWN_PART * GEAR_END[car.gear - 1]) {
+        return -1;
+    }
+    return 0;
+}
+
+Wish Pilot::decide(const CarView& car) {
+    current = course.nearest(car.at, current, PLACES_PASSED);
+    choose_pedal(car);
+    Wish wish;
+    wish.steer = steer(car);
+    wish.throttle = pedal == Pedal::THROTTLE;
+    wish.brake = pedal == Pedal::BRAKE;
+    wish.shift = choose_shift(car);
+    return wish;
+}
+
+} // namespace tarvik::demo
