@@ -5,8 +5,9 @@
 #include "tools/track/path_search.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <cmath>
 #include <map>
+#include <numbers>
 #include <utility>
 
 namespace tarvik {
@@ -43,16 +44,64 @@ class Nearby {
     std::map<std::pair<int, int>, bool> squares_;
 };
 
+CellCost one_unit_in(const CellMask& space, int side) {
+    return [&space, side](int x, int y) -> std::uint32_t {
+        return space[static_cast<std::size_t>(y) * static_cast<std::size_t>(side) +
+                     static_cast<std::size_t>(x)];
+    };
+}
+
 double cells_of(std::uint32_t cost) {
     return static_cast<double>(cost) / LENGTH_UNITS;
 }
 
-std::optional<TwoWays> ways_around(const CellMask& space, int side, Cell island) {
-    const auto cost = [&](int x, int y) -> std::uint32_t {
-        return space[static_cast<std::size_t>(y) * static_cast<std::size_t>(side) +
-                     static_cast<std::size_t>(x)];
+// Whether the start is still reached when the space is cut across at a cell, along the shortest
+// line through it.
+bool other_way_remains(CellMask& space, int side, Cell cell) {
+    constexpr int DIRECTIONS = 32;
+    const auto index = [&](double x, double y) {
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(side) +
+               static_cast<std::size_t>(x);
     };
-    const PathSearch search = search_paths(side, ABOVE_BOX, {}, Moves::KING, cost, island);
+    std::vector<std::size_t> cut;
+    for (int i = 0; i < DIRECTIONS; ++i) {
+        std::vector<std::size_t> line;
+        for (const int sense : {1, -1}) {
+            const double dx = sense * std::cos(i * std::numbers::pi / DIRECTIONS);
+            const double dy = sense * std::sin(i * std::numbers::pi / DIRECTIONS);
+            double x = cell.x + 0.5;
+            double y = cell.y + 0.5;
+            // Nothing of the space lies at the edge of the grid, or it would not be closed there.
+            for (; x >= 0 && y >= 0 && x < side && y < side && space[index(x, y)] != 0;
+                 x += dx / 4, y += dy / 4) {
+                line.push_back(index(x, y));
+                line.push_back(index(x + 1, y)); // so that no diagonal move slips through
+            }
+        }
+        if (cut.empty() || line.size() < cut.size()) {
+            cut = std::move(line);
+        }
+    }
+    std::vector<std::uint8_t> before(cut.size());
+    for (std::size_t i = 0; i < cut.size(); ++i) {
+        before[i] = space[cut[i]];
+    }
+    for (const std::size_t each : cut) {
+        space[each] = 0;
+    }
+    const PathSearch search =
+        search_paths(side, ABOVE_BOX, START, Moves::KING, one_unit_in(space, side));
+    const bool remains = search.cost_to(START) != PathSearch::UNREACHED;
+    for (std::size_t i = 0; i < cut.size(); ++i) {
+        space[cut[i]] = before[i];
+    }
+    return remains;
+}
+
+// Leaves `space` as it was.
+std::optional<TwoWays> ways_around(CellMask& space, int side, Cell island) {
+    const PathSearch search =
+        search_paths(side, ABOVE_BOX, {}, Moves::KING, one_unit_in(space, side), island);
     const std::uint32_t one = search.cost_to(START, Side::ONE);
     const std::uint32_t other = search.cost_to(START, Side::OTHER);
     if (one == PathSearch::UNREACHED || other == PathSearch::UNREACHED) {
@@ -61,19 +110,23 @@ std::optional<TwoWays> ways_around(const CellMask& space, int side, Cell island)
     const Side shorter_side = one <= other ? Side::ONE : Side::OTHER;
     const Side longer_side = one <= other ? Side::OTHER : Side::ONE;
     TwoWays ways;
-    ways.shorter = search.path_to(START, shorter_side);
     ways.shorter_length = cells_of(std::min(one, other));
     ways.longer_length = cells_of(std::max(one, other));
+    const std::vector<Cell> shorter = search.path_to(START, shorter_side);
     const Nearby longer(search.path_to(START, longer_side));
     const auto apart = [&](Cell cell) { return !longer.contains(cell); };
-    const auto first = std::find_if(ways.shorter.begin(), ways.shorter.end(), apart);
-    const auto last = std::find_if(ways.shorter.rbegin(), ways.shorter.rend(), apart);
-    if (first == ways.shorter.end()) {
-        return {};
+    const auto first = std::find_if(shorter.begin(), shorter.end(), apart);
+    const auto last = std::find_if(shorter.rbegin(), shorter.rend(), apart);
+    if (first != shorter.end()) {
+        ways.parting = *first;
+        ways.middle = *(first + (last.base() - first) / 2);
     }
-    ways.parting = *first;
-    ways.middle = *(first + (last.base() - first) / 2);
-    return ways;
+    // A ring beside the road, on a stalk, is on no way.
+    const bool is_choice = first != shorter.end() && other_way_remains(space, side, ways.middle);
+    if (is_choice || ways.shorter_length < SHORTEST_LAP) {
+        return ways;
+    }
+    return {};
 }
 
 } // namespace
@@ -102,11 +155,8 @@ std::optional<TwoWays> two_ways(const CellMask& space, int side) {
 }
 
 Way shortest_way(const CellMask& space, int side) {
-    const PathSearch search = search_paths(
-        side, ABOVE_BOX, START, Moves::KING_AND_KNIGHT, [&](int x, int y) -> std::uint32_t {
-            return space[static_cast<std::size_t>(y) * static_cast<std::size_t>(side) +
-                         static_cast<std::size_t>(x)];
-        });
+    const PathSearch search =
+        search_paths(side, ABOVE_BOX, START, Moves::KING_AND_KNIGHT, one_unit_in(space, side));
     Way way{search.path_to(START), 0};
     if (!way.cells.empty()) {
         way.length = cells_of(search.cost_to(START));
