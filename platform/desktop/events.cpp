@@ -21,6 +21,10 @@ constexpr int VK_F4 = 0x73;
 // Static, since it is read once a frame.
 std::array<SDL_Event, 256> events;
 
+// Whether the mouse is just leaving the window. SDL then reports a last move, to the edge; Windows
+// reports none.
+bool mouse_leaves = false;
+
 bool is_held(int virtual_key) {
     return GetAsyncKeyState(virtual_key) < 0;
 }
@@ -67,11 +71,18 @@ void translate(std::span<const SDL_Event> from_event_on, MessageQueue& queue) {
     bool wanted = false;
     switch (event.type) {
     case SDL_SYSWMEVENT: {
+        // An X event, in front of the events that SDL makes of it.
+        const XEvent& x_event = event.syswm.msg->msg.x11.event;
+        mouse_leaves = x_event.type == LeaveNotify;
         KeyChange change{};
-        wanted = read_x11_key_event(event.syswm.msg->msg.x11.event, change) &&
-                 key_message(change, message);
+        wanted = read_x11_key_event(x_event, change) && key_message(change, message);
         break;
     }
+    case SDL_MOUSEMOTION:
+        if (!mouse_leaves) {
+            append_mouse_messages(event, queue);
+        }
+        break;
     case SDL_KEYDOWN:
     case SDL_KEYUP:
         wanted = !is_released_by_focus_loss(from_event_on) && sdl_key_message(event.key, message);

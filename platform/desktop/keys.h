@@ -25,13 +25,13 @@ std::span<const Key> all_keys();
 
 /// A press or release, with what the layout and the held keys make of it.
 struct KeyChange {
-    int place;               ///< USB keyboard usage
-    std::uint32_t character; ///< Unicode character without modifiers; 0 when there is none
-    bool down;
-    bool was_down; ///< a press by auto-repeat, or a release
-    bool alt;      ///< Alt is held (AltGr is not Alt)
-    bool control;
-    bool num_lock;
+    int place = 0;               ///< USB keyboard usage
+    std::uint32_t character = 0; ///< Unicode character without modifiers; 0 when there is none
+    bool down = false;
+    bool was_down = false; ///< a press by auto-repeat, or a release
+    bool alt = false;      ///< Alt is held (AltGr is not Alt)
+    bool control = false;
+    bool num_lock = false;
 };
 
 /// The virtual-key code of the key at a place, 0 when it has none. Letters go by the character;

@@ -1,0 +1,187 @@
+// What a player sees and does, from the window's place to the exit code.
+#include "tests/desktop/play_fixture.h"
+
+#include <csignal>
+#include <thread>
+
+#include <X11/Xutil.h>
+
+namespace tarvik {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+using Play = PlayTest;
+
+constexpr Area MARKER_AT_START = {304 + 8, 64 + 8, 1, 1};
+
+bool is_one_line(const std::string& text) {
+    return !text.empty() && text.find('\n') == text.size() - 1;
+}
+
+} // namespace
+
+TEST_F(Play, TheWindowStandsBareInTheMiddleOfTheScreen) {
+    start_race();
+    XWindowAttributes window{};
+    XGetWindowAttributes(player_.display(), player_.window(), &window);
+    EXPECT_EQ(window.x, (XServer::WIDTH - 640) / 2);
+    EXPECT_EQ(window.y, (XServer::HEIGHT - 480) / 2);
+    EXPECT_EQ(window.width, 640);
+    EXPECT_EQ(window.height, 480);
+    EXPECT_EQ(window.border_width, 0);
+    EXPECT_FALSE(window.override_redirect) << "the task bar is to show it";
+    XSizeHints hints{};
+    long supplied = 0;
+    XGetWMNormalHints(player_.display(), player_.window(), &hints, &supplied);
+    EXPECT_EQ(hints.flags & (PMinSize | PMaxSize), PMinSize | PMaxSize);
+    EXPECT_EQ(hints.min_width, hints.max_width);
+    EXPECT_EQ(hints.min_height, hints.max_height);
+    EXPECT_EQ(player_.count_shown_windows(), 1) << "no other window flashes up before it";
+    Window focus = None;
+    int revert_to = 0;
+    XGetInputFocus(player_.display(), &focus, &revert_to);
+    EXPECT_EQ(focus, player_.window());
+}
+
+TEST_F(Play, KeysChangeGearAndDriveAndTheCloseButtonEndsTheGame) {
+    start_race();
+    const Pixels neutral = player_.look_at(GEAR);
+    EXPECT_EQ(player_.look_at(MARKER_AT_START), Pixels{MARKER_COLOUR});
+    player_.tap(XK_a);
+    EXPECT_TRUE(player_.waits_until([&] { return player_.look_at(GEAR) != neutral; }));
+    player_.press(XK_Up);
+    EXPECT_TRUE(player_.waits_until([&] {
+        return player_.look_at(MARKER_AT_START) != Pixels{MARKER_COLOUR};
+    })) << "the car leaves the start, and the view follows it";
+    player_.release(XK_Up);
+    player_.tap(XK_z);
+    EXPECT_TRUE(player_.waits_until([&] { return player_.look_at(GEAR) == neutral; }));
+    player_.ask_to_close();
+    EXPECT_EQ(game_->wait(), 0);
+    EXPECT_EQ(read(folder_ / "errors"), "");
+}
+
+TEST_F(Play, AHeldKeyRepeats) {
+    start_race();
+    Pixels gear = player_.look_at(GEAR);
+    player_.press(XK_a);
+    for (int change = 1; change <= 3; ++change) {
+        EXPECT_TRUE(player_.waits_until([&] { return player_.look_at(GEAR) != gear; }))
+            << "gear change " << change;
+        gear = player_.look_at(GEAR);
+    }
+    player_.release(XK_a);
+}
+
+// On a French keyboard A and Q have changed places, and the digits need Shift.
+TEST_F(Play, LettersFollowTheLayoutAndDigitsTheirPlace) {
+    const unsigned int place_of_q = XKeysymToKeycode(player_.display(), XK_q);
+    const unsigned int place_of_a = XKeysymToKeycode(player_.display(), XK_a);
+    const unsigned int place_of_1 = XKeysymToKeycode(player_.display(), XK_1);
+    start_race();
+    const Pixels gear = player_.look_at(GEAR);
+    const Pixels difficulty = player_.look_at(DIFFICULTY);
+    const auto change = [this](unsigned int code, KeySym plain, KeySym shifted) {
+        KeySym symbols[] = {plain, shifted};
+        XChangeKeyboardMapping(player_.display(), static_cast<int>(code), 2, symbols, 1);
+        XSync(player_.display(), False);
+    };
+    change(place_of_q, XK_a, XK_A);
+    change(place_of_a, XK_q, XK_Q);
+    change(place_of_1, XK_ampersand, XK_1);
+    const auto tap_code = [this](unsigned int code) {
+        player_.press_code(code);
+        player_.release_code(code);
+    };
+    tap_code(place_of_a);
+    tap_code(place_of_1);
+    EXPECT_TRUE(player_.waits_until([&] { return player_.look_at(DIFFICULTY) != difficulty; }));
+    EXPECT_EQ(player_.look_at(GEAR), gear);
+    tap_code(place_of_q);
+    EXPECT_TRUE(player_.waits_until([&] { return player_.look_at(GEAR) != gear; }));
+}
+
+TEST_F(Play, TheMousePutsThePointerAtTwiceItsDistance) {
+    start_race();
+    player_.move_mouse_to(100, 50);
+    EXPECT_TRUE(player_.waits_until([this] {
+        return player_.look_at({200, 100, 1, 1}) == Pixels{POINTER_COLOUR} &&
+               player_.look_at({199, 100, 1, 1}) != Pixels{POINTER_COLOUR};
+    }));
+    player_.move_mouse_to(-30, 50); // outside, where the game hears nothing of it
+    player_.tap(XK_1);
+    player_.watch_pictures();
+    player_.waits_until([this] { return player_.count_pictures() > 5; });
+    EXPECT_EQ(player_.look_at({200, 100, 1, 1}), Pixels{POINTER_COLOUR});
+}
+
+TEST_F(Play, AltF4AndF10DoNothing) {
+    start_race();
+    const Pixels gear = player_.look_at(GEAR);
+    const Pixels difficulty = player_.look_at(DIFFICULTY);
+    player_.press(XK_Alt_L);
+    player_.tap(XK_F4);
+    player_.tap(XK_a);
+    player_.release(XK_Alt_L);
+    player_.tap(XK_F10);
+    player_.tap(XK_1); // its effect shows that all of these have been handled
+    EXPECT_TRUE(player_.waits_until([&] { return player_.look_at(DIFFICULTY) != difficulty; }));
+    EXPECT_EQ(player_.look_at(GEAR), gear);
+    EXPECT_TRUE(game_->is_running());
+}
+
+TEST_F(Play, EscapeEndsTheGameWhicheverWindowHasTheFocus) {
+    start_race();
+    player_.turn_to_another_window();
+    player_.press(XK_Escape);
+    EXPECT_EQ(game_->wait(), 0);
+}
+
+// As on Windows: nobody tells the game that the key went up in another window. While 1 counts as
+// held, 3 holds only as long as it is pressed.
+TEST_F(Play, AKeyHeldWhileTheFocusLeavesStaysDown) {
+    start_race();
+    const Pixels advanced = player_.look_at(DIFFICULTY);
+    player_.press(XK_1);
+    ASSERT_TRUE(player_.waits_until([&] { return player_.look_at(DIFFICULTY) != advanced; }));
+    const Pixels easy = player_.look_at(DIFFICULTY);
+    player_.turn_to_another_window();
+    player_.release(XK_1);
+    player_.turn_to_game();
+    player_.press(XK_3);
+    EXPECT_TRUE(player_.waits_until([&] { return player_.look_at(DIFFICULTY) == advanced; }));
+    player_.release(XK_3);
+    EXPECT_TRUE(player_.waits_until([&] { return player_.look_at(DIFFICULTY) == easy; }));
+}
+
+TEST_F(Play, SignalsEndTheGameInOrderAlsoDuringAWait) {
+    for (const int signal : {SIGINT, SIGTERM}) {
+        start_race();
+        player_.press(XK_F1); // stands still for 400 ms, again and again
+        std::this_thread::sleep_for(100ms);
+        game_->send(signal);
+        EXPECT_EQ(game_->wait(), 0);
+        player_.release(XK_F1);
+    }
+}
+
+TEST_F(Play, WithoutADisplayOneLineSaysSo) {
+    for (const char* display : {"", ":98765"}) {
+        start_game(display);
+        EXPECT_EQ(game_->wait(), 1);
+        EXPECT_TRUE(is_one_line(read(folder_ / "errors"))) << read(folder_ / "errors");
+    }
+}
+
+TEST_F(Play, WithoutOpenGLOneLineSaysSo) {
+    const XServer bare({"-extension", "GLX"});
+    start_game(bare.display());
+    EXPECT_EQ(game_->wait(), 1);
+    const std::string errors = read(folder_ / "errors");
+    EXPECT_TRUE(is_one_line(errors)) << errors;
+    EXPECT_NE(errors.find("OpenGL"), std::string::npos) << errors;
+}
+
+} // namespace tarvik

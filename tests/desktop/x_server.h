@@ -1,0 +1,33 @@
+// A display of its own for a test, without a screen: tests running at once do not meet.
+#pragma once
+
+#include "tests/desktop/child_process.h"
+
+namespace tarvik {
+
+class XServer {
+  public:
+    static constexpr int WIDTH = 1366;
+    static constexpr int HEIGHT = 768;
+
+    /// Starts the server and waits until it answers.
+    explicit XServer(const std::vector<std::string>& further_arguments = {});
+    XServer(const XServer&) = delete;
+    XServer& operator=(const XServer&) = delete;
+    ~XServer();
+
+    /// The value for DISPLAY; empty when the server did not start.
+    const std::string& display() const {
+        return display_;
+    }
+
+  private:
+    std::filesystem::path folder_;
+    std::optional<ChildProcess> server_;
+    std::string display_;
+};
+
+/// A new empty folder below the tests' temporary folder.
+std::filesystem::path make_folder(const std::string& name);
+
+} // namespace tarvik
