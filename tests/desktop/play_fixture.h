@@ -26,6 +26,7 @@ class PlayTest : public testing::Test {
     static constexpr unsigned long MARKER_COLOUR = 0xC81E28;
     static constexpr unsigned long POINTER_COLOUR = 0x14B4F0;
     static constexpr int MARKER_SIZE = 16;
+    static constexpr Area MARKER_AT_START = {304 + MARKER_SIZE, 64 + MARKER_SIZE, 1, 1};
     static constexpr int POINTER_SIZE = 4;
 
     void SetUp() override {
@@ -44,10 +45,12 @@ class PlayTest : public testing::Test {
         std::filesystem::remove_all(folder_, ignored);
     }
 
-    /// Starts the game and waits for its first picture.
+    /// Starts the game and waits until the car stands at the start. The very first picture still
+    /// shows another part of the track.
     void start_race() {
         start_game(server_.display());
-        ASSERT_TRUE(player_.finds_race()) << read(folder_ / "errors");
+        ASSERT_TRUE(player_.finds_game_with(MARKER_COLOUR, MARKER_AT_START.x, MARKER_AT_START.y))
+            << read(folder_ / "errors");
     }
 
     void start_game(const std::string& display) {

@@ -14,8 +14,6 @@ namespace tarvik {
 namespace {
 
 constexpr const char* TITLE = "Quillaby - Tarvik V0.1";
-constexpr unsigned long ROAD_GREY = 0x3C3C3C;
-constexpr Area A_PIECE_OF_ROAD = {20, 400, 1, 1};
 
 } // namespace
 
@@ -34,8 +32,8 @@ Player::~Player() {
     }
 }
 
-bool Player::finds_race() {
-    return waits_until([this] {
+bool Player::finds_game_with(unsigned long colour, int x, int y) {
+    return waits_until([&] {
         read_events();
         Window root = None;
         Window parent = None;
@@ -50,8 +48,7 @@ bool Player::finds_race() {
             }
         }
         XFree(children);
-        return window_ != None && shown_windows_ > 0 &&
-               look_at(A_PIECE_OF_ROAD) == Pixels{ROAD_GREY};
+        return window_ != None && look_at({x, y, 1, 1}) == Pixels{colour};
     });
 }
 

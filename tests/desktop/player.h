@@ -28,8 +28,8 @@ class Player {
     Player& operator=(const Player&) = delete;
     ~Player();
 
-    /// Waits for the game's window and for the first picture of the race in it.
-    bool finds_race();
+    /// Waits for the game's window and for a picture in it that has a certain colour at a place.
+    bool finds_game_with(unsigned long colour, int x, int y);
 
     /// Number of windows that have been shown since this player came.
     int count_shown_windows();

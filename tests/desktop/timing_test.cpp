@@ -1,7 +1,8 @@
 // How fast pictures and keys come, measured from outside.
 #include "tests/desktop/play_fixture.h"
 
-#include <algorithm>
+#include <atomic>
+#include <chrono>
 #include <thread>
 
 #include <X11/extensions/XTest.h>
@@ -69,7 +70,8 @@ TEST_F(Timing, AFloodOfMouseMovesDoesNotDelayAKey) {
     player_.watch_pictures();
     const MouseFlood flood(server_.display());
     std::this_thread::sleep_for(1s);
-    for (const KeySym key : {XK_1, XK_2, XK_3, XK_1, XK_3, XK_2, XK_1, XK_2}) {
+    const KeySym keys[] = {XK_1, XK_2, XK_3, XK_1, XK_3, XK_2, XK_1, XK_2};
+    for (const KeySym key : keys) {
         player_.wait_for_picture();
         const Pixels before = player_.look_at(DIFFICULTY);
         const int first = player_.count_pictures();
