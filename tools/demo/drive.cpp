@@ -30,6 +30,7 @@ struct Drive {
     Keyboard keyboard;
     std::optional<Course> course;
     std::unique_ptr<Pilot> pilot;
+    int known_race = 0; ///< track that course and pilot are for
     LapBook book;
     bool seeded = false;
     std::vector<int> taps; ///< keys to press before the start
@@ -63,10 +64,11 @@ bool settings_are_made() {
 bool take_the_wheel() {
     const std::vector<Point> loop = middle_of_road();
     if (loop.empty()) {
-        fail("track " + std::to_string(state->options.race) +
+        fail("track " + std::to_string(race_number) +
              " has no road that leads from the start/finish box round to the start");
         return false;
     }
+    state->known_race = race_number;
     state->course.emplace(loop);
     state->pilot = std::make_unique<Pilot>(*state->course, state->seed);
     public_standing.course = &*state->course;
@@ -112,7 +114,11 @@ void on_frame() {
         srand(state->seed);
         state->seeded = true;
     }
-    if (!settings_are_made() || (state->pilot == nullptr && !take_the_wheel())) {
+    if (!settings_are_made()) {
+        return;
+    }
+    // Whoever watches may switch tracks with the brackets.
+    if (state->known_race != race_number && !take_the_wheel()) {
         return;
     }
     note_laps();
