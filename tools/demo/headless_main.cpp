@@ -9,6 +9,7 @@
 #include <cstring>
 #include <exception>
 #include <iostream>
+#include <system_error>
 #include <unistd.h>
 
 namespace tarvik::demo {
@@ -34,7 +35,13 @@ int run(int argc, char** argv) {
     Options options = *parsed.options;
     if (!options.pictures.empty()) {
         options.pictures = std::filesystem::absolute(options.pictures);
-        std::filesystem::create_directories(options.pictures);
+        std::error_code error;
+        std::filesystem::create_directories(options.pictures, error);
+        if (error) {
+            std::cerr << "tarvik-demo: cannot make the folder " << options.pictures.string() << ": "
+                      << error.message() << "\n";
+            return EXIT_FAILURE;
+        }
         take_snapshots(options.pictures);
     }
     const std::string fault = enter_data_folder(options.race);

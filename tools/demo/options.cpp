@@ -48,7 +48,7 @@ ParsedOptions parse_options(int argc, char** argv) {
         ->check(CLI::Range(1, 1000));
     app.add_option("--seed", options.seed,
                    "Number that decides the drive; the same one gives the same drive again")
-        ->check(CLI::Range(0.0, static_cast<double>(std::numeric_limits<std::uint32_t>::max())));
+        ->check(CLI::Range(std::uint32_t{0}, std::numeric_limits<std::uint32_t>::max()));
     app.add_option("--pictures", options.pictures,
                    "Folder for PNG pictures of bends, the gate and the ghosts; made if missing")
         ->needs(headless);
