@@ -8,11 +8,15 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace tarvik {
 
 inline constexpr std::int32_t LOGICAL_WIDTH = 320;
 inline constexpr std::int32_t LOGICAL_HEIGHT = 240;
+
+/// Bytes of a row of the frame buffer.
+inline constexpr std::ptrdiff_t ROW_BYTES = std::ptrdiff_t{2 * LOGICAL_WIDTH} * 3;
 
 /// Size of the frame buffer in device pixels: 640 by 480, fixed before the buffer is created.
 extern std::int32_t screen_width;
@@ -40,15 +44,26 @@ inline void put_pixel(std::int32_t x, std::int32_t y, int red, int green, int bl
 
 /// Stores logical pixel (x, y) as a block of 2 by 2 device pixels; outside the view it does
 /// nothing, so callers need not clip. Everything the game draws goes through here.
-inline void plot(std::int32_t x, std::int32_t y, int red, int green, int blue) {
-    // Halved bounds instead of doubled coordinates, which could overflow.
-    if (x < 0 || y < 0 || x > (screen_width - 2) / 2 || y > (screen_height - 2) / 2) {
+///
+/// Each of the block's two rows is two equal pixels, stored as four bytes and two. A caller with a
+/// long loop passes `frame_buffer` from a local: for all the compiler knows the bytes stored could
+/// be those of the pointer itself, which it would then load again for every pixel.
+inline void plot(std::int32_t x, std::int32_t y, int red, int green, int blue,
+                 std::uint8_t* buffer = frame_buffer) {
+    if (x < 0 || x >= LOGICAL_WIDTH || y < 0 || y >= LOGICAL_HEIGHT) {
         return;
     }
-    put_pixel(2 * x, 2 * y, red, green, blue);
-    put_pixel(2 * x + 1, 2 * y, red, green, blue);
-    put_pixel(2 * x, 2 * y + 1, red, green, blue);
-    put_pixel(2 * x + 1, 2 * y + 1, red, green, blue);
+    const std::uint32_t pixel = (static_cast<std::uint32_t>(red) & 0xFFU) |
+                                (static_cast<std::uint32_t>(green) & 0xFFU) << 8U |
+                                (static_cast<std::uint32_t>(blue) & 0xFFU) << 16U;
+    const std::uint32_t first_four = pixel | pixel << 24U;
+    const auto last_two = static_cast<std::uint16_t>(pixel >> 8U);
+    std::uint8_t* bytes = buffer + (LOGICAL_HEIGHT - 1 - y) * (2 * ROW_BYTES) + x * 6;
+    for (int row = 0; row < 2; ++row) {
+        std::memcpy(bytes, &first_four, sizeof first_four);
+        std::memcpy(bytes + sizeof first_four, &last_two, sizeof last_two);
+        bytes += ROW_BYTES;
+    }
 }
 
 } // namespace tarvik
