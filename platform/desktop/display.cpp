@@ -27,21 +27,36 @@ void hint(const char* name, const char* value) {
 }
 
 void set_hints() {
-    // Without this list SDL would rather draw into nothing than say that there is no display. And
-    // libwayland complains on standard error when it is asked where no session is.
-    const bool may_have_wayland = std::getenv("XDG_RUNTIME_DIR") != nullptr;
-    hint(SDL_HINT_VIDEODRIVER, may_have_wayland ? "x11,wayland" : "x11");
     hint(SDL_HINT_APP_NAME, "Tarvik");
     hint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     hint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");
     hint(SDL_HINT_MOUSE_AUTO_CAPTURE, "0");
     hint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
     hint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0"); // the window does not fill the screen
+    hint(SDL_HINT_VIDEO_WAYLAND_ALLOW_LIBDECOR, "0");       // nor does it have a frame
+}
+
+// The driver is always named. Left to itself SDL would rather draw into nothing than say that
+// there is no display.
+bool start_video(const char* driver) {
+    hint(SDL_HINT_VIDEODRIVER, driver);
+    return SDL_Init(SDL_INIT_VIDEO) == 0;
+}
+
+bool start_x11() {
     setenv("SDL_VIDEO_X11_WMCLASS", "Tarvik", 1);
     // The game reads keys, not text. An input method, or an accent key that waits for its letter,
     // would keep presses from it.
     setenv("XMODIFIERS", "@im=none", 1);
     setenv("XCOMPOSEFILE", "/dev/null", 1);
+    const bool started = start_video("x11");
+    unsetenv("XCOMPOSEFILE"); // read by now, and on Wayland a complaint on standard error
+    return started;
+}
+
+// Where there is no session at all, libwayland would complain on standard error.
+bool start_wayland() {
+    return std::getenv("XDG_RUNTIME_DIR") != nullptr && start_video("wayland");
 }
 
 void ask_for_colour_bits(int bits) {
@@ -86,9 +101,8 @@ void open_display_or_exit() {
     set_hints();
     SDL_SetMainReady();
     // SDL keeps the screen saver away, as the game does on Windows by swallowing its command.
-    if (SDL_Init(SDL_INIT_VIDEO) != 0) {
-        exit_without("no display: neither an X11 nor a Wayland session can be reached",
-                     SDL_GetError());
+    if (!start_x11() && !start_wayland()) {
+        exit_without("no display", "neither an X11 nor a Wayland session can be reached");
     }
     SDL_StopTextInput();
     ask_for_pixel_format();
@@ -97,7 +111,7 @@ void open_display_or_exit() {
     if (!can_show_opengl()) {
         ask_for_colour_bits(1);
         if (!can_show_opengl()) {
-            exit_without("no OpenGL: the display cannot show OpenGL pictures", SDL_GetError());
+            exit_without("no OpenGL on this display", SDL_GetError());
         }
     }
     choose_key_source();
