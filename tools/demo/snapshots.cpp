@@ -126,7 +126,9 @@ void finish_snapshots() {
     if (!ghosts.rgba.empty()) {
         write_png(folder / "ghosts.png", ghosts);
     }
-    std::printf("pictures in %s\n", folder.c_str());
+    std::printf("pictures in %s: tight bends %d, gate %s, five ghosts together %s\n",
+                folder.c_str(), bends_taken, gate_taken ? "yes" : "no",
+                ghosts.rgba.empty() ? "no" : "yes");
 }
 
 } // namespace tarvik::demo
