@@ -12,8 +12,8 @@ namespace tarvik {
 namespace {
 
 constexpr int CENTRING_ROUNDS = 24;
-constexpr double LARGEST_SHIFT = 6.0; // cells a point moves in one round
-constexpr int TANGENT_POINTS = 4;     // a point's direction is taken this far ahead and behind
+constexpr double FEELER = 6.0;    // cells to either side where the clearance is looked at
+constexpr int TANGENT_POINTS = 4; // a point's direction is taken this far ahead and behind
 
 struct Point {
     double x = 0;
@@ -80,19 +80,17 @@ Line respaced(const Line& line) {
     return result;
 }
 
-double distance_to_grass(TrackView track, Point from, double dx, double dy) {
-    int distance = 0;
-    while (distance < LARGEST_CLEARANCE &&
-           track.is_road(static_cast<int>(from.x + distance * dx),
-                         static_cast<int>(from.y + distance * dy))) {
-        ++distance;
-    }
-    return distance;
-}
-
-// Moves every point along its normal half-way towards the middle between both edges.
-void centre(TrackView track, Line& line) {
+// Moves every point along its normal half-way towards the middle, as far as it can be told from the
+// clearance on both sides. (Where both edges are would not do: around a sharp corner the far one is
+// none of the road's.)
+void centre(TrackView track, const std::vector<std::uint16_t>& clearance, Line& line) {
     const Line old = line;
+    const auto clearance_at = [&](double x, double y) {
+        const Cell cell{static_cast<int>(x), static_cast<int>(y)};
+        return track.contains(cell.x, cell.y)
+                   ? std::sqrt(static_cast<double>(clearance[track.index(cell.x, cell.y)]))
+                   : 0;
+    };
     for (std::size_t i = 0; i < line.size(); ++i) {
         const Point& ahead = around(old, i, TANGENT_POINTS);
         const Point& behind = around(old, i, -TANGENT_POINTS);
@@ -102,13 +100,12 @@ void centre(TrackView track, Line& line) {
         }
         const double nx = (ahead.y - behind.y) / length;
         const double ny = -(ahead.x - behind.x) / length;
-        const double one = distance_to_grass(track, old[i], nx, ny);
-        const double other = distance_to_grass(track, old[i], -nx, -ny);
-        if (one >= LARGEST_CLEARANCE || other >= LARGEST_CLEARANCE) {
-            continue; // an edge too far to see says nothing about the middle
-        }
-        const double shift = std::clamp((one - other) / 4, -LARGEST_SHIFT, LARGEST_SHIFT);
-        line[i] = {old[i].x + shift * nx, old[i].y + shift * ny};
+        const Point& here = old[i];
+        const double one = clearance_at(here.x + FEELER * nx, here.y + FEELER * ny);
+        const double other = clearance_at(here.x - FEELER * nx, here.y - FEELER * ny);
+        // At `d` cells from the middle, the two differ by 2 d, or by all that is between them.
+        const double shift = (one - other) / 4;
+        line[i] = {here.x + shift * nx, here.y + shift * ny};
     }
 }
 
@@ -144,7 +141,7 @@ std::vector<CentrePoint> centre_line(TrackView track) {
     }
     line = respaced(line);
     for (int round = 0; round < CENTRING_ROUNDS; ++round) {
-        centre(track, line);
+        centre(track, clearance, line);
         smooth(line);
         smooth(line);
         line = respaced(line);
