@@ -1,9 +1,10 @@
 // The only door from the game to the system it runs on.
 //
 // On Windows these are the system's own headers. Elsewhere this header declares, under their
-// Windows names, just the types, constants and calls that the game uses; whoever links the game
-// brings the definitions (platform/desktop for playing, platform/scripted for tests). The two
-// OpenGL calls, glClear and glDrawPixels, come from the system's <GL/gl.h> everywhere.
+// Windows names, just the types, constants and calls that the game and what stands under it use.
+// Whoever links the game brings the definitions (platform/desktop for playing, platform/scripted
+// for tests). The two OpenGL calls, glClear and glDrawPixels, come from the system's <GL/gl.h>
+// everywhere.
 //
 // Values, parameter types and field orders are those of the Windows SDK, so that the game's
 // sources are the same on every system. LONG, DWORD, UINT and BOOL are 32 bits wide and WPARAM,

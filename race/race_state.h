@@ -29,7 +29,8 @@ extern float car_y[CAR_SLOTS];       ///< cells, like car_x
 extern float heading[CAR_SLOTS];     ///< degrees, unbounded
 extern float speed[CAR_SLOTS];       ///< cells per frame, 0 to just above 3.3
 extern std::int32_t gear[CAR_SLOTS]; ///< 0 (neutral) to TOP_GEAR
-/// Off-road penalty of the lap in progress, in frames: 1 per corner off the road and frame.
+/// Off-road penalty, in frames: grows by 1 per corner off the road and frame, also while no lap
+/// is timed, and starts at 0 with each lap.
 extern float penalty[CAR_SLOTS];
 /// Frames of the lap in progress, 2 or more at the end of a timed frame; 0 while none is timed.
 extern std::int32_t cycle[CAR_SLOTS];

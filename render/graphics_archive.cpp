@@ -36,10 +36,19 @@ void keep_bytes(Sprite& sprite, std::size_t bytes_read) {
     }
 }
 
-void make_empty(Sprite& sprite) {
+/// Leaves a picture that there is no memory for empty, and the file at the next record.
+void give_up(DataFile& archive, Sprite& sprite, std::uint32_t bytes) {
     sprite.width = 0;
     sprite.height = 0;
     sprite.bytes_per_pixel = 0;
+    std::uint8_t skipped[4096];
+    while (bytes > 0) {
+        const auto wanted = std::min<std::uint32_t>(bytes, sizeof skipped);
+        if (archive.read(skipped, wanted) < wanted) {
+            return;
+        }
+        bytes -= wanted;
+    }
 }
 
 void read_sprite(DataFile& archive, Sprite& sprite) {
@@ -55,7 +64,7 @@ void read_sprite(DataFile& archive, Sprite& sprite) {
     // Zeroed by calloc, so that a huge claim costs no memory before the file backs it.
     sprite.pixels = static_cast<std::uint8_t*>(std::calloc(bytes, 1));
     if (sprite.pixels == nullptr) {
-        make_empty(sprite);
+        give_up(archive, sprite, bytes);
         return;
     }
     sprite.pixel_bytes = bytes;

@@ -20,10 +20,9 @@ void draw_pixels(std::int32_t x, std::int32_t y, std::int32_t n, Plot plot_pixel
         return;
     }
     const Sprite& sprite = sprite_table[n];
-    const auto side = static_cast<std::size_t>(sprite.width);
-    std::size_t left = std::min(side * side, sprite.pixel_bytes / DRAWN_BYTES_PER_PIXEL);
+    std::size_t left = sprite.pixel_bytes / DRAWN_BYTES_PER_PIXEL; // pixels not yet drawn
     const std::uint8_t* pixel = sprite.pixels;
-    for (std::int32_t row = 0; left > 0; ++row) {
+    for (std::int32_t row = 0; row < sprite.width && left > 0; ++row) {
         for (std::int32_t column = 0; column < sprite.width && left > 0; ++column, --left) {
             const int red = pixel[0];
             const int green = pixel[1];
