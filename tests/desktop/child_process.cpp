@@ -60,7 +60,7 @@ ChildProcess::~ChildProcess() {
 }
 
 bool ChildProcess::is_running() {
-    return !wait(std::chrono::seconds(0)).has_value();
+    return !wait(std::chrono::milliseconds(0)).has_value();
 }
 
 void ChildProcess::send(int signal) const {
@@ -69,7 +69,7 @@ void ChildProcess::send(int signal) const {
     }
 }
 
-std::optional<int> ChildProcess::wait(std::chrono::seconds patience) {
+std::optional<int> ChildProcess::wait(std::chrono::milliseconds patience) {
     const auto end = std::chrono::steady_clock::now() + patience;
     while (!exit_code_) {
         int status = 0;

@@ -31,7 +31,7 @@ class ChildProcess {
 
     /// The exit code; -signal where a signal ended it; nothing while it still runs at the end of
     /// the patience.
-    std::optional<int> wait(std::chrono::seconds patience = std::chrono::seconds(10));
+    std::optional<int> wait(std::chrono::milliseconds patience = std::chrono::seconds(30));
 
   private:
     pid_t id_ = -1;

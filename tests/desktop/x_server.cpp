@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <fstream>
 #include <thread>
 
@@ -31,8 +32,11 @@ XServer::XServer(const std::vector<std::string>& further_arguments)
 }
 
 XServer::~XServer() {
-    server_->send(SIGTERM);
-    server_->wait();
+    // An idle server can miss a signal until the next one wakes it.
+    for (int attempt = 0; attempt < 50 && server_->is_running(); ++attempt) {
+        server_->send(SIGTERM);
+        server_->wait(std::chrono::milliseconds(100));
+    }
     std::error_code ignored;
     std::filesystem::remove_all(folder_, ignored);
 }
