@@ -21,8 +21,8 @@ namespace tarvik::demo {
 
 namespace {
 
-/// Frames after which a driver who has not completed the next lap is lost: 150 seconds.
-constexpr int FRAMES_PER_LAP = 9000;
+/// Frames without a completed lap after which the driver is lost: five minutes in a window.
+constexpr int LOST_AFTER_FRAMES = 18000;
 
 struct Drive {
     Options options;
@@ -35,7 +35,7 @@ struct Drive {
     bool seeded = false;
     std::vector<int> taps; ///< keys to press before the start
     std::size_t taps_done = 0;
-    int frames_in_lap = 0;
+    int frames_since_lap = 0;
     bool failed = false;
 };
 std::unique_ptr<Drive> state;
@@ -69,6 +69,7 @@ bool take_the_wheel() {
         return false;
     }
     state->known_race = race_number;
+    state->frames_since_lap = 0;
     state->course.emplace(loop);
     state->pilot = std::make_unique<Pilot>(*state->course, state->seed);
     public_standing.course = &*state->course;
@@ -77,18 +78,17 @@ bool take_the_wheel() {
 
 void note_laps() {
     const LapEvent event = state->book.look();
-    if (event == LapEvent::NONE) {
-        if (++state->frames_in_lap > FRAMES_PER_LAP) {
-            fail("no lap completed in " + std::to_string(FRAMES_PER_LAP) +
+    if (event == LapEvent::RESET) {
+        state->pilot->find_place({car_x[PLAYER_SLOT], car_y[PLAYER_SLOT]});
+    }
+    if (event != LapEvent::LAP) {
+        if (++state->frames_since_lap > LOST_AFTER_FRAMES) {
+            fail("no lap completed in " + std::to_string(LOST_AFTER_FRAMES) +
                  " frames; the driver has lost the way");
         }
         return;
     }
-    state->frames_in_lap = 0;
-    if (event == LapEvent::RESET) {
-        state->pilot->find_place({car_x[PLAYER_SLOT], car_y[PLAYER_SLOT]});
-        return;
-    }
+    state->frames_since_lap = 0;
     state->pilot->begin_lap();
     public_standing.laps = state->book.laps();
     if (state->options.laps && state->book.laps() >= *state->options.laps) {
