@@ -8,7 +8,6 @@
 #include "render/text.h"
 
 #include <cstdio>
-#include <cstring>
 
 namespace tarvik {
 
@@ -17,52 +16,38 @@ namespace {
 constexpr std::int32_t BLOCK = 4; // cells of a row looked at together
 static_assert(LOGICAL_WIDTH % BLOCK == 0);
 
-enum class Ground { GRASS, ROAD, BOTH };
-
-/// What the next BLOCK cells are, nearly everywhere the same.
-Ground ground_of(const std::uint8_t* cell) {
-    constexpr std::uint32_t ONES = 0x01010101U;
-    std::uint32_t cells = 0;
-    static_assert(sizeof cells == BLOCK);
-    std::memcpy(&cells, cell, sizeof cells);
-    const std::uint32_t difference = cells ^ (ONES * CELL_OFF_TRACK);
-    if (difference == 0) {
-        return Ground::GRASS;
-    }
-    // Borrows into the top bit of a byte that is 0, and then into bytes above it only.
-    const bool any_grass = ((difference - ONES) & ~difference & (ONES << 7U)) != 0;
-    return any_grass ? Ground::BOTH : Ground::ROAD;
+/// Whether the next BLOCK cells are all alike, as nearly everywhere in the view.
+bool are_alike(const std::uint8_t* cell) {
+    return cell[0] == cell[1] && cell[0] == cell[2] && cell[0] == cell[3];
 }
 
 /// Written out, not a loop, and for one colour: each line comes down to four plain stores.
 template <int RED, int GREEN, int BLUE>
-void plot_block(std::uint8_t* buffer, std::int32_t i, std::int32_t j) {
-    plot(i, j, RED, GREEN, BLUE, buffer);
-    plot(i + 1, j, RED, GREEN, BLUE, buffer);
-    plot(i + 2, j, RED, GREEN, BLUE, buffer);
-    plot(i + 3, j, RED, GREEN, BLUE, buffer);
+void plot_block(std::int32_t i, std::int32_t j) {
+    plot(i, j, RED, GREEN, BLUE);
+    plot(i + 1, j, RED, GREEN, BLUE);
+    plot(i + 2, j, RED, GREEN, BLUE);
+    plot(i + 3, j, RED, GREEN, BLUE);
 }
 
-void plot_cell(std::uint8_t* buffer, std::int32_t i, std::int32_t j, std::uint8_t cell) {
+void plot_cell(std::int32_t i, std::int32_t j, std::uint8_t cell) {
     const bool road = cell != CELL_OFF_TRACK;
-    plot(i, j, road ? 60 : 0, road ? 60 : 200, road ? 60 : 0, buffer);
+    plot(i, j, road ? 60 : 0, road ? 60 : 200, road ? 60 : 0);
 }
 
 void draw_track() {
-    std::uint8_t* const buffer = frame_buffer;
     for (std::int32_t j = 0; j < LOGICAL_HEIGHT; ++j) {
         const std::uint8_t* cell =
             track_grid + static_cast<std::ptrdiff_t>(j + view_y) * TRACK_WIDTH + view_x;
         for (std::int32_t i = 0; i < LOGICAL_WIDTH; i += BLOCK, cell += BLOCK) {
-            const Ground ground = ground_of(cell);
-            if (ground == Ground::GRASS) {
-                plot_block<0, 200, 0>(buffer, i, j);
-            } else if (ground == Ground::ROAD) {
-                plot_block<60, 60, 60>(buffer, i, j);
-            } else {
+            if (!are_alike(cell)) {
                 for (std::int32_t n = 0; n < BLOCK; ++n) {
-                    plot_cell(buffer, i + n, j, cell[n]);
+                    plot_cell(i + n, j, cell[n]);
                 }
+            } else if (*cell == CELL_OFF_TRACK) {
+                plot_block<0, 200, 0>(i, j);
+            } else {
+                plot_block<60, 60, 60>(i, j);
             }
         }
     }

@@ -5,8 +5,8 @@
 
 namespace tarvik {
 
-std::int32_t screen_width = 640;
-std::int32_t screen_height = 480;
+std::int32_t screen_width = DEVICE_WIDTH;
+std::int32_t screen_height = DEVICE_HEIGHT;
 std::uint8_t* frame_buffer = nullptr;
 
 void create_frame_buffer() {

@@ -38,9 +38,7 @@ void draw_pixels(std::int32_t x, std::int32_t y, std::int32_t n, Plot plot_pixel
 } // namespace
 
 void draw_sprite(std::int32_t x, std::int32_t y, std::int32_t n) {
-    draw_pixels(x, y, n, [](std::int32_t px, std::int32_t py, int red, int green, int blue) {
-        plot(px, py, red, green, blue);
-    });
+    draw_pixels(x, y, n, plot);
 }
 
 void draw_sprite_clamped(std::int32_t x, std::int32_t y, std::int32_t n) {

@@ -56,8 +56,8 @@ void set_up_gl_context() {
 
 void create_game_window() {
     register_window_class();
-    screen_width = 640;
-    screen_height = 480;
+    screen_width = DEVICE_WIDTH;
+    screen_height = DEVICE_HEIGHT;
     const int display_width = GetSystemMetrics(SM_CXSCREEN);
     const int display_height = GetSystemMetrics(SM_CYSCREEN);
     window_handle =
