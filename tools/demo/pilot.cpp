@@ -29,8 +29,11 @@ constexpr double GEAR_END[TOP_GEAR + 1] = {0.0, 0.6, 1.0, 1.6, 2.1, 2.7, 3.3};
 /// A lower gear is worth the shift below this part of its end.
 constexpr double SHIFT_DOWN_PART = 0.93;
 
-// How laps differ: the line by so many cells to each side, the share of steering frames by so much.
+// How laps differ: the line by so many cells to each side, the speed on straights between these
+// two (the upper is more than the car can), the share of steering frames by so much.
 constexpr double LINE_SPREAD = 9.0;
+constexpr double CRUISE_LOW = 3.1;
+constexpr double CRUISE_HIGH = 3.4;
 constexpr double SHARE_MEAN = 0.52;
 constexpr double SHARE_SPREAD = 0.03;
 // The driver is back in the middle of the road this far from the gate, and at its line later.
@@ -50,6 +53,10 @@ void Pilot::begin_lap() {
     };
     line = between(-LINE_SPREAD, LINE_SPREAD);
     pace = plan_pace(course, between(SHARE_MEAN - SHARE_SPREAD, SHARE_MEAN + SHARE_SPREAD));
+    const double cruise = between(CRUISE_LOW, CRUISE_HIGH);
+    for (double& limit : pace) {
+        limit = std::min(limit, cruise);
+    }
 }
 
 void Pilot::find_place(Point at) {

@@ -78,8 +78,8 @@ float ghosts_in_view_apart() {
     float apart = APART;
     for (int a = FIRST_GHOST_SLOT; a <= LAST_GHOST_SLOT; ++a) {
         const float dx = std::abs(ghost_x[a][frame] - car_x[PLAYER_SLOT]);
-        const float dy = std::abs(ghost_y[a][frame] - car_y[PLAYER_SLOT]);
-        if (dx > 150.0F || dy > 90.0F) { // outside the view, or among the texts below
+        const float dy = ghost_y[a][frame] - car_y[PLAYER_SLOT];
+        if (dx > 150.0F || dy < -62.0F || dy > 88.0F) { // outside the view, or among the texts
             return 0.0F;
         }
         for (int b = FIRST_GHOST_SLOT; b < a; ++b) {
