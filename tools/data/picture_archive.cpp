@@ -22,8 +22,10 @@ namespace fs = std::filesystem;
 constexpr std::size_t HEADER_BYTES = 12;
 
 std::int32_t read_int32(const std::uint8_t* bytes) {
-    const std::uint32_t value =
-        bytes[0] | bytes[1] << 8U | bytes[2] << 16U | static_cast<std::uint32_t>(bytes[3]) << 24U;
+    std::uint32_t value = 0;
+    for (const unsigned i : {3U, 2U, 1U, 0U}) {
+        value = value << 8U | bytes[i];
+    }
     return static_cast<std::int32_t>(value);
 }
 

@@ -70,8 +70,8 @@ bool is_square(double width, double height) {
     return width > 0 && std::abs(width - height) <= 0.001 * width;
 }
 
-// How much the drawing grows to MAP_SIDE by librsvg itself (1, when it has a viewBox) or else by
-// us, from its width and height in pixels.
+// The side, in user units, of the square that becomes the map. librsvg scales a drawing with a
+// viewBox to whatever size it is asked for; one with only a width and a height we scale ourselves.
 double own_size(RsvgHandle* handle, const std::filesystem::path& path) {
     gboolean has_width = FALSE;
     gboolean has_height = FALSE;

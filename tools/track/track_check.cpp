@@ -31,6 +31,10 @@ constexpr int GATE_ZONE = 600; // cells from the box in which the road may be a 
 // The corners of a car that goes straight up are this far left and right of it and this far behind.
 constexpr int CAR_SIDE = 5;
 
+// A car with two corners on the road beside the gate is at most this far from it: the corner that
+// is farthest from its position, and the room for a leap.
+constexpr int BESIDE_GATE = 12;
+
 // Decoration that saves less than this, about a third of a second, is no shortcut.
 constexpr double LARGEST_SAVING = 60;
 
@@ -235,7 +239,8 @@ class Check {
 
     // On Advanced a car with two corners on the road is never put back.
     void check_shortcuts() {
-        const Rectangle gate{gate_.first - 12, BOX_TOP, gate_.last + 12, BOX_BOTTOM};
+        const Rectangle gate{gate_.first - BESIDE_GATE, BOX_TOP, gate_.last + BESIDE_GATE,
+                             BOX_BOTTOM};
         const std::size_t cells =
             static_cast<std::size_t>(track_.side) * static_cast<std::size_t>(track_.side);
         CellMask road_only(cells);
