@@ -87,8 +87,8 @@ TEST_F(LinuxPackage, NamesWhatIsMissing) {
 
     // A library that the loader does not find: the program asks for one with a name of that length.
     const fs::path program = folder / "bin/tarvik";
-    ASSERT_TRUE(run({"sed", "-i", "s/libSDL2-2.0.so.0/libXDL2-2.0.so.0/", program}));
-    expect_refusal(server_.display(), "libraries are missing: libXDL2-2.0.so.0");
+    ASSERT_TRUE(run({"sed", "-i", "s/libX11.so.6/libX77.so.6/", program}));
+    expect_refusal(server_.display(), "libraries are missing: libX77.so.6");
 
     fs::rename(folder / "data/race2.map", folder / "race2.map");
     expect_refusal(server_.display(), "data/race2.map is missing");
