@@ -2,6 +2,7 @@
 #include "bench/floors.h"
 
 #include "race/track_grid.h"
+#include "shell/out_of_memory.h"
 
 #include <benchmark/benchmark.h>
 
@@ -17,10 +18,13 @@ namespace {
 constexpr std::size_t PICTURE_BYTES = 921600;
 constexpr std::size_t LAP_BYTES = 12000000;
 constexpr std::size_t GHOST_BYTES = 240000000;
-constexpr std::size_t PAGE_BYTES = 4096;
+
+std::uint8_t* fresh(std::size_t bytes) {
+    return allocate_buffer<std::uint8_t>(bytes, "benchmark");
+}
 
 std::uint8_t* warm(std::size_t bytes) {
-    auto* memory = new std::uint8_t[bytes];
+    std::uint8_t* memory = fresh(bytes);
     std::memset(memory, 1, bytes);
     return memory;
 }
@@ -64,11 +68,9 @@ void read_map_and_store_ghosts() {
     benchmark::ClobberMemory();
 }
 
-void touch_all_and_read_map() {
-    auto* memory = new std::uint8_t[TRACK_MAP_BYTES + GHOST_BYTES];
-    for (std::size_t at = 0; at < TRACK_MAP_BYTES + GHOST_BYTES; at += PAGE_BYTES) {
-        memory[at] = 1;
-    }
+void store_fresh_and_read_map() {
+    std::uint8_t* memory = fresh(TRACK_MAP_BYTES + GHOST_BYTES);
+    std::memset(memory, 1, TRACK_MAP_BYTES + GHOST_BYTES);
     benchmark::ClobberMemory();
     read_map(memory);
     benchmark::ClobberMemory();

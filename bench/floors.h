@@ -1,5 +1,5 @@
 // What the machine needs for the bytes alone, with the fastest plain means: memset, memcpy and
-// read, into memory as the game's own is allocated.
+// read, into memory that is allocated like the game's.
 #pragma once
 
 namespace tarvik::bench {
@@ -13,7 +13,7 @@ void copy_lap();
 /// Reading a map from the page cache and storing as much as all ghost laps: 240,000,000 bytes.
 void read_map_and_store_ghosts();
 
-/// Reading the map into the first of 340,000,000 fresh bytes and touching the pages of the rest.
-void touch_all_and_read_map();
+/// Storing 340,000,000 fresh bytes and reading the map into the first of them.
+void store_fresh_and_read_map();
 
 } // namespace tarvik::bench
