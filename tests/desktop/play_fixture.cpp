@@ -1,0 +1,77 @@
+// Setting the real program up: its data, its display, its start.
+#include "tests/desktop/play_fixture.h"
+
+#include <fstream>
+#include <iterator>
+#include <vector>
+
+namespace tarvik {
+
+namespace {
+
+void write_square(std::ofstream& file, char size, unsigned long colour) {
+    const char header[12] = {size, 0, 0, 0, size, 0, 0, 0, 3, 0, 0, 0};
+    file.write(header, sizeof header);
+    for (int pixel = 0; pixel < size * size; ++pixel) {
+        for (unsigned int shift : {16U, 8U, 0U}) {
+            file.put(static_cast<char>(colour >> shift & 0xFFU));
+        }
+    }
+}
+
+void write_graphics(const std::filesystem::path& path) {
+    constexpr int RECORDS = 1400;
+    constexpr int MARKER = 30;
+    constexpr int POINTER = 250;
+    std::ofstream file(path, std::ios::binary);
+    for (int record = 0; record < RECORDS; ++record) {
+        if (record == MARKER) {
+            write_square(file, MARKER_SIZE, MARKER_COLOUR);
+        } else if (record == POINTER) {
+            write_square(file, POINTER_SIZE, POINTER_COLOUR);
+        } else {
+            file.write("\0\0\0\0\0\0\0\0\0\0\0", 12);
+        }
+    }
+}
+
+} // namespace
+
+void PlayTest::SetUp() {
+    ASSERT_FALSE(server_.display().empty()) << "Xvfb did not start";
+    folder_ = make_folder("play");
+    std::filesystem::create_directory(folder_ / "data");
+    // Cells of 0 are road, and so is a file that is one hole.
+    std::ofstream(folder_ / "data" / "race1.map");
+    std::filesystem::resize_file(folder_ / "data" / "race1.map", 100'000'000);
+    write_graphics(folder_ / "data" / "graphics.dat");
+}
+
+void PlayTest::TearDown() {
+    game_.reset();
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+}
+
+void PlayTest::start_race() {
+    start_game(server_.display());
+    ASSERT_TRUE(player_.finds_game_with(MARKER_COLOUR, MARKER_AT_START.x, MARKER_AT_START.y))
+        << read(folder_ / "errors");
+}
+
+void PlayTest::start_game(const std::string& display) {
+    // The drivers below OpenGL keep memory to the end.
+    game_.emplace(std::vector<std::string>{TARVIK_PROGRAM},
+                  ChildProcess::Options{.folder = folder_,
+                                        .environment = {{"DISPLAY", display},
+                                                        {"WAYLAND_DISPLAY", ""},
+                                                        {"ASAN_OPTIONS", "detect_leaks=0"}},
+                                        .errors = folder_ / "errors"});
+}
+
+std::string PlayTest::read(const std::filesystem::path& path) {
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+} // namespace tarvik
