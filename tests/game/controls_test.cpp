@@ -6,6 +6,9 @@
 namespace tarvik::test {
 namespace {
 
+constexpr int KEY_A = 'A';
+constexpr int KEY_Z = 'Z';
+
 class Controls : public RaceTest {
   protected:
     static float throttle(std::int32_t in_gear, float from) {
@@ -76,19 +79,19 @@ TEST_F(Controls, BrakeBandsExcludeTheirBounds) {
 
 TEST_F(Controls, GearKeysWaitAndAreConsumedAlsoAtTheLastGear) {
     gear[PLAYER_SLOT] = TOP_GEAR;
-    key_down['A'] = 1;
+    key_down[KEY_A] = 1;
     race_frame();
     EXPECT_EQ(gear[PLAYER_SLOT], TOP_GEAR);
-    EXPECT_EQ(key_down['A'], 0);
+    EXPECT_EQ(key_down[KEY_A], 0);
     EXPECT_EQ(scripted::slept_ms, 300U);
 
     gear[PLAYER_SLOT] = 0;
-    key_down['Z'] = 1;
+    key_down[KEY_Z] = 1;
     race_frame();
     EXPECT_EQ(gear[PLAYER_SLOT], 0);
     EXPECT_EQ(scripted::slept_ms, 600U);
 
-    key_down['A'] = key_down['Z'] = 1; // up and down again, and both wait
+    key_down[KEY_A] = key_down[KEY_Z] = 1; // up and down again, and both wait
     race_frame();
     EXPECT_EQ(gear[PLAYER_SLOT], 0);
     EXPECT_EQ(scripted::slept_ms, 1200U);
