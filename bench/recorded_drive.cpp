@@ -1,6 +1,7 @@
 // Recording and playing key messages. The race depends on nothing else, so it repeats itself.
 #include "bench/recorded_drive.h"
 
+#include "bench/lap_driver.h"
 #include "platform/driver.h"
 #include "race/race_frame.h"
 #include "race/race_selection.h"
@@ -10,10 +11,6 @@
 #include "race/view.h"
 #include "shell/input.h"
 #include "shell/start_up.h"
-#include "tools/demo/course.h"
-#include "tools/demo/keyboard.h"
-#include "tools/demo/middle_of_road.h"
-#include "tools/demo/pilot.h"
 
 #include <algorithm>
 #include <iterator>
@@ -49,14 +46,6 @@ void restart_race() {
     srand(SEED);
 }
 
-demo::CarView car_as_it_is() {
-    return {{car_x[PLAYER_SLOT], car_y[PLAYER_SLOT]},
-            heading[PLAYER_SLOT],
-            speed[PLAYER_SLOT],
-            gear[PLAYER_SLOT],
-            steer_count[PLAYER_SLOT]};
-}
-
 /// Takes what the driver has just posted out of the queue, notes it and puts it back.
 void record_message() {
     MSG posted{};
@@ -69,21 +58,14 @@ void record_message() {
 }
 
 void record() {
-    const demo::Course course(demo::middle_of_road());
-    demo::Pilot pilot(course, SEED);
-    demo::Keyboard keyboard;
+    LapDriver driver(SEED);
     restart_race();
     for (int laps = 0; laps <= WARM_UP_LAPS;) {
-        keyboard.act(pilot.decide(car_as_it_is()), gear[PLAYER_SLOT]);
+        driver.act();
         record_message();
-        const bool timed = cycle[PLAYER_SLOT] > 0;
         race_frame();
-        if (timed && cycle[PLAYER_SLOT] == 0) {
-            ++laps;
-            pilot.begin_lap();
-            if (laps == WARM_UP_LAPS) {
-                lap_start = recording.size();
-            }
+        if (driver.has_completed_lap() && ++laps == WARM_UP_LAPS) {
+            lap_start = recording.size();
         }
     }
 }

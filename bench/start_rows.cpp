@@ -2,6 +2,7 @@
 #include "bench/start_rows.h"
 
 #include "bench/floors.h"
+#include "bench/process_memory.h"
 #include "bench/row.h"
 #include "platform/scripted/scripted.h"
 #include "race/laps.h"
@@ -14,7 +15,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <stdexcept>
 
 namespace tarvik::bench {
@@ -29,19 +29,6 @@ void on_first_picture(const std::uint8_t*, int, int) {
     std::printf("%.9f\n", now() - start_time);
     std::fflush(stdout);
     std::_Exit(EXIT_SUCCESS);
-}
-
-/// Bytes of memory that this process has had at most.
-double peak_memory() {
-    std::ifstream status("/proc/self/status");
-    for (std::string word; status >> word;) {
-        if (word == "VmHWM:") {
-            double kibibytes = 0.0;
-            status >> kibibytes;
-            return kibibytes * 1024.0;
-        }
-    }
-    throw std::runtime_error("/proc/self/status does not tell the peak of memory");
 }
 
 /// Start, some driving, more laps than there are ghosts, a track switch.
@@ -95,7 +82,7 @@ int print_sample(const std::string& name) {
         return EXIT_SUCCESS;
     } else if (name == "memory") {
         play_everything();
-        std::printf("%.0f\n", peak_memory());
+        std::printf("%.0f\n", memory_at_peak());
         return EXIT_SUCCESS;
     }
     return EXIT_FAILURE;
