@@ -27,7 +27,7 @@ using namespace tarvik::bench;
 
 constexpr std::uint32_t SEED = 1;
 constexpr int LAPS = 2;
-constexpr int FRAMES_AROUND_SWITCH = 300;
+constexpr int FRAMES_AROUND_SWITCH = 600;
 
 double seconds_on(clockid_t clock) {
     timespec time{};

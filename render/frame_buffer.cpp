@@ -7,7 +7,7 @@ namespace tarvik {
 
 std::int32_t screen_width = DEVICE_WIDTH;
 std::int32_t screen_height = DEVICE_HEIGHT;
-std::uint8_t* frame_buffer = nullptr;
+std::uint8_t* __restrict frame_buffer = nullptr;
 
 void create_frame_buffer() {
     const auto pixels = static_cast<std::size_t>(screen_width * screen_height);

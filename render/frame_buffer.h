@@ -6,8 +6,10 @@
 // a frame stores some 80,000 logical pixels.
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace tarvik {
 
@@ -26,7 +28,10 @@ extern std::int32_t screen_height;
 
 /// `screen_width` * `screen_height` pixels of PIXEL_BYTES bytes, red, green, blue. The first row in
 /// memory is the BOTTOM row of the picture, as glDrawPixels expects it; rows have no padding.
-extern std::uint8_t* frame_buffer;
+///
+/// Its bytes are reached through this pointer only and are never the pointer's own, which a
+/// compiler has to be told: else it loads the pointer again after every pixel.
+extern std::uint8_t* __restrict frame_buffer;
 
 void create_frame_buffer();
 void release_frame_buffer();
@@ -36,36 +41,39 @@ inline std::uint8_t* pixel_at(std::int32_t x, std::int32_t y) {
     return frame_buffer + (DEVICE_HEIGHT - 1 - y) * ROW_BYTES + x * PIXEL_BYTES;
 }
 
-/// Stores one pixel; of each colour component only the low 8 bits count.
-inline void store_pixel(std::uint8_t* pixel, int red, int green, int blue) {
+/// Stores device pixel (x, y); outside the frame buffer it does nothing. Of each colour component
+/// only the low 8 bits count.
+inline void put_pixel(std::int32_t x, std::int32_t y, int red, int green, int blue) {
+    if (x < 0 || x >= DEVICE_WIDTH || y < 0 || y >= DEVICE_HEIGHT) {
+        return;
+    }
+    std::uint8_t* pixel = pixel_at(x, y);
     pixel[0] = static_cast<std::uint8_t>(red);
     pixel[1] = static_cast<std::uint8_t>(green);
     pixel[2] = static_cast<std::uint8_t>(blue);
 }
 
-/// Stores device pixel (x, y); outside the frame buffer it does nothing.
-inline void put_pixel(std::int32_t x, std::int32_t y, int red, int green, int blue) {
-    if (x < 0 || x >= DEVICE_WIDTH || y < 0 || y >= DEVICE_HEIGHT) {
-        return;
-    }
-    store_pixel(pixel_at(x, y), red, green, blue);
-}
-
 /// Stores logical pixel (x, y) as a block of 2 by 2 device pixels; outside the view it does
 /// nothing, so callers need not clip. Everything the game draws goes through here.
 ///
-/// The block's four pixels lie inside wherever the logical one does, so they are stored without
-/// looking again.
+/// The block's four device pixels lie inside wherever the logical one does. They are stored as two
+/// rows of two equal pixels, each as a word of four bytes and one of two.
 inline void plot(std::int32_t x, std::int32_t y, int red, int green, int blue) {
     if (x < 0 || x >= LOGICAL_WIDTH || y < 0 || y >= LOGICAL_HEIGHT) {
         return;
     }
+    static_assert(std::endian::native == std::endian::little, "red is the words' lowest byte");
+    const std::uint32_t pixel = (static_cast<std::uint32_t>(red) & 0xFFU) |
+                                (static_cast<std::uint32_t>(green) & 0xFFU) << 8U |
+                                (static_cast<std::uint32_t>(blue) & 0xFFU) << 16U;
+    const std::uint32_t first_four = pixel | pixel << 24U;
+    const auto last_two = static_cast<std::uint16_t>(pixel >> 8U);
     std::uint8_t* upper = pixel_at(2 * x, 2 * y);
     std::uint8_t* lower = upper - ROW_BYTES;
-    store_pixel(upper, red, green, blue);
-    store_pixel(upper + PIXEL_BYTES, red, green, blue);
-    store_pixel(lower, red, green, blue);
-    store_pixel(lower + PIXEL_BYTES, red, green, blue);
+    std::memcpy(upper, &first_four, sizeof first_four);
+    std::memcpy(upper + sizeof first_four, &last_two, sizeof last_two);
+    std::memcpy(lower, &first_four, sizeof first_four);
+    std::memcpy(lower + sizeof first_four, &last_two, sizeof last_two);
 }
 
 } // namespace tarvik
