@@ -19,6 +19,8 @@
 #include <ctime>
 #include <exception>
 #include <filesystem>
+#include <fstream>
+#include <vector>
 
 namespace {
 
@@ -64,7 +66,17 @@ std::vector<FrameTime> drive_laps() {
     return frames;
 }
 
+/// A map that nobody has read for a while may have left the page cache; the switch is to show what
+/// the game takes, not the disk.
+void bring_into_page_cache(const char* file_name) {
+    std::ifstream file(file_name, std::ios::binary);
+    std::vector<char> part(1 << 20);
+    while (file.read(part.data(), static_cast<std::streamsize>(part.size()))) {
+    }
+}
+
 void switch_track(std::vector<FrameTime>& frames) {
+    bring_into_page_cache("data/race2.map");
     for (int i = 0; i < 2 * FRAMES_AROUND_SWITCH; ++i) {
         if (i == FRAMES_AROUND_SWITCH) {
             post_message(WM_KEYDOWN, VK_OEM_6, 0);
