@@ -116,7 +116,7 @@ void add_frame_rows() {
     add_row("completing a lap, beyond a usual frame", MICROSECONDS, 1.5, 100, lap_end);
     add_row("the frame of a track switch", MILLISECONDS, 1.3, 15, track_switch);
     add_row("a frame's share of 1/60 second", MILLISECONDS, 0.03, 2, core_use);
-    add_row("allocations in a lap's frames", PIECES, 0.0, 1, frame_allocations);
+    add_row("allocations in a lap, beside its frames", PIECES, 0.0, 1, frame_allocations);
 }
 
 } // namespace tarvik::bench

@@ -12,21 +12,8 @@ namespace {
 
 constexpr int STEER_RUN_GAP = 2;    // frames without steering that end a run
 constexpr int STEER_RUN_LIMIT = 41; // steps that end a run
-constexpr float STEER_DEGREES = 1.2F;
 
 constexpr float PULL_AWAY_SPEED = 0.1F; // what the first gear gives a standing car
-
-/// Speeds between which a gear pulls, and what it multiplies the speed by in a frame.
-struct GearRange {
-    float above;
-    float below;
-    float factor;
-};
-constexpr GearRange GEAR_RANGES[TOP_GEAR + 1] = {
-    {0.0F, 0.0F, 1.0F}, // neutral pulls nowhere
-    {0.1F, 0.6F, 1.06F},  {0.3F, 1.0F, 1.03F},  {0.4F, 1.6F, 1.01F},
-    {0.5F, 2.1F, 1.006F}, {0.6F, 2.7F, 1.003F}, {0.7F, 3.3F, 1.001F},
-};
 
 /// Speeds between which a brake band acts, both exclusive, and what it divides the speed by.
 struct BrakeBand {
@@ -40,8 +27,6 @@ constexpr BrakeBand BRAKE_BANDS[] = {
 };
 
 constexpr DWORD GEAR_WAIT_MS = 300;
-constexpr int KEY_GEAR_UP = 'A';
-constexpr int KEY_GEAR_DOWN = 'Z';
 
 /// Records the heading the car has now. The history moves on by one entry except its newest two,
 /// so what it holds at a fixed place falls behind as the run gets longer: that is the skid.

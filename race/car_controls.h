@@ -1,7 +1,28 @@
 // The player's keys at work: steering, throttle, brake and gears.
 #pragma once
 
+#include "race/race_state.h"
+
 namespace tarvik {
+
+/// A steering step turns by so many degrees, and by the speed in cells a frame on top.
+inline constexpr float STEER_DEGREES = 1.2F;
+
+/// Virtual-key codes.
+inline constexpr int KEY_GEAR_UP = 'A';
+inline constexpr int KEY_GEAR_DOWN = 'Z';
+
+/// Speeds between which a gear pulls, and what it multiplies the speed by in a frame.
+struct GearRange {
+    float above;
+    float below;
+    float factor;
+};
+inline constexpr GearRange GEAR_RANGES[TOP_GEAR + 1] = {
+    {0.0F, 0.0F, 1.0F}, // neutral pulls nowhere
+    {0.1F, 0.6F, 1.06F},  {0.3F, 1.0F, 1.03F},  {0.4F, 1.6F, 1.01F},
+    {0.5F, 2.1F, 1.006F}, {0.6F, 2.7F, 1.003F}, {0.7F, 3.3F, 1.001F},
+};
 
 /// One steering step for each arrow key that is down, Left before Right. A step turns the car by
 /// 1.2 degrees plus its speed and records the heading it had.

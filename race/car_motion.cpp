@@ -11,7 +11,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr float SKID_SPEED = 0.5F; // cells per frame from which a car can skid
 /// Steering steps that a run must have for the car to skid, and the history entry it skids along.
 constexpr int SKID_STEER_COUNT = 16;
 constexpr int SKID_HISTORY_ENTRY = 15;

@@ -3,6 +3,9 @@
 
 namespace tarvik {
 
+/// Cells per frame from which a car can skid.
+inline constexpr float SKID_SPEED = 0.5F;
+
 /// Computes the outline and this frame's motion from the speed and the heading after the keys.
 void prepare_move();
 

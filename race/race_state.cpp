@@ -28,11 +28,6 @@ std::int32_t race_number = 1;
 
 namespace {
 
-// The start lies 80 cells below the centre of the start/finish box and points straight at it.
-constexpr float START_X = 2400.0F;
-constexpr float START_Y = 2480.0F;
-constexpr float START_HEADING = 180.0F;
-
 void clear_ghost(int slot) {
     std::fill_n(ghost_x[slot], GHOST_FRAMES, GHOST_NOWHERE);
     std::fill_n(ghost_y[slot], GHOST_FRAMES, GHOST_NOWHERE);

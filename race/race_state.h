@@ -19,6 +19,12 @@ inline constexpr int PLAYER_SLOT = 1;
 inline constexpr int FIRST_GHOST_SLOT = 2;
 inline constexpr int LAST_GHOST_SLOT = 6;
 
+/// Where the car starts: 80 cells below the centre of the start/finish box, pointing straight at
+/// it.
+inline constexpr float START_X = 2400.0F;
+inline constexpr float START_Y = 2480.0F;
+inline constexpr float START_HEADING = 180.0F;
+
 inline constexpr std::int32_t TOP_GEAR = 6;
 /// `best_cycle` while no lap has been completed.
 inline constexpr std::int32_t BEST_CYCLE_NONE = 999999;

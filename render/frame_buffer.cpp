@@ -10,8 +10,7 @@ std::int32_t screen_height = DEVICE_HEIGHT;
 std::uint8_t* __restrict frame_buffer = nullptr;
 
 void create_frame_buffer() {
-    const auto pixels = static_cast<std::size_t>(screen_width * screen_height);
-    frame_buffer = allocate_buffer<std::uint8_t>(pixels * 3, "frame buffer");
+    frame_buffer = allocate_buffer<std::uint8_t>(FRAME_BYTES, "frame buffer");
 }
 
 void release_frame_buffer() {

@@ -20,6 +20,7 @@ inline constexpr std::int32_t DEVICE_WIDTH = 2 * LOGICAL_WIDTH;
 inline constexpr std::int32_t DEVICE_HEIGHT = 2 * LOGICAL_HEIGHT;
 inline constexpr std::ptrdiff_t PIXEL_BYTES = 3;
 inline constexpr std::ptrdiff_t ROW_BYTES = DEVICE_WIDTH * PIXEL_BYTES;
+inline constexpr std::size_t FRAME_BYTES = std::size_t{DEVICE_HEIGHT} * ROW_BYTES;
 
 /// Size of the window and of the frame buffer, device pixels: DEVICE_WIDTH by DEVICE_HEIGHT from
 /// the first to the last frame.

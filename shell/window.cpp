@@ -16,7 +16,7 @@ namespace {
 constexpr const char* WINDOW_CLASS_NAME = "Quillaby - Tarvik";
 constexpr const char* WINDOW_TITLE = "Quillaby - Tarvik V0.1";
 
-bool register_window_class() {
+void register_window_class() {
     WNDCLASSA window_class{};
     window_class.style = CS_OWNDC;
     window_class.lpfnWndProc = window_procedure;
@@ -28,7 +28,7 @@ bool register_window_class() {
     window_class.hbrBackground = nullptr;
     window_class.lpszMenuName = nullptr;
     window_class.lpszClassName = WINDOW_CLASS_NAME;
-    return RegisterClassA(&window_class) != 0;
+    RegisterClassA(&window_class);
 }
 
 void set_up_gl_context() {

@@ -6,6 +6,7 @@
 
 #include <SDL.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -17,7 +18,7 @@ namespace {
 bool keys_from_x11 = false;
 
 [[noreturn]] void exit_without(const char* what, const char* reason) {
-    std::fprintf(stderr, "tarvik: %s (%s)\n", what, reason);
+    std::fprintf(stderr, "%s: %s (%s)\n", program_invocation_short_name, what, reason);
     SDL_Quit();
     std::exit(EXIT_FAILURE);
 }

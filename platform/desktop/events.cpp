@@ -15,9 +15,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr int VK_MENU = 0x12;
-constexpr int VK_F4 = 0x73;
-
 // Static, since it is read once a frame.
 std::array<SDL_Event, 256> events;
 

@@ -1,10 +1,10 @@
 // Files under their Windows names, with the rights that Windows would ask for.
 #include "platform/win32.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <string>
 
-#include <algorithm>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>

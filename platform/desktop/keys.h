@@ -12,6 +12,10 @@
 
 namespace tarvik {
 
+/// Codes that only this layer knows by name.
+inline constexpr int VK_MENU = 0x12; // Alt
+inline constexpr int VK_F4 = 0x73;
+
 /// A key of a full keyboard.
 struct Key {
     std::uint8_t place;         ///< USB keyboard usage

@@ -36,7 +36,7 @@ class MessageQueue {
     /// Puts a message from the user at the end, with two exceptions:
     /// a mouse move replaces a mouse move that is last in the queue, and the auto-repeat of a key
     /// joins, by its repeat count, the auto-repeat of the same key that waits last, or last but
-    /// for a mouse move. No message ever overtakes another key's.
+    /// for a mouse move. Presses and releases stay as they are, in their order.
     void append_input(const Message& message);
 
     /// Takes the oldest message. False when there is none.

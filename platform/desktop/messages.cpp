@@ -1,6 +1,7 @@
 // The message loop's calls, and the two by which a program drives the game.
 #include "platform/desktop/events.h"
 #include "platform/desktop/game_window.h"
+#include "platform/desktop/keys.h"
 #include "platform/driver.h"
 
 #include <SDL_timer.h>
@@ -47,7 +48,6 @@ LRESULT WINAPI DispatchMessageA(const MSG* message) {
 }
 
 LRESULT WINAPI DefWindowProcA(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    constexpr WPARAM VK_F4 = 0x73;
     if (message == WM_SYSKEYDOWN && wparam == VK_F4 && (lparam & KEY_ALT_HELD) != 0) {
         post_message(WM_SYSCOMMAND, SC_CLOSE, 0);
     } else if (message == WM_SYSCOMMAND && wparam == SC_CLOSE) {

@@ -26,7 +26,6 @@ constexpr int PLACE_VOLUME_UP = 0x80;
 constexpr int PLACE_LEFT_ALT = 0xE2;
 
 constexpr int VK_NUMPAD4 = 0x64;
-constexpr int VK_MENU = 0x12;
 
 int plain_key(int place, std::uint32_t character) {
     return virtual_key_of(place, character, false);

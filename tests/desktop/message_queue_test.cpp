@@ -90,6 +90,12 @@ TEST(MessageQueue, RepeatsMergeOnlyWithARepeatOfTheSameKeyAndCountUp) {
     EXPECT_EQ(all[1].lparam, 2 | KEY_WAS_DOWN);
     EXPECT_EQ(all[2].message, WM_KEYUP);
     EXPECT_EQ(all[3].lparam & KEY_REPEAT_COUNT_MASK, 1);
+    EXPECT_EQ(all[4].wparam, WPARAM{'Z'});
+    EXPECT_EQ(all[5].message, WM_SYSKEYDOWN);
+    for (const std::size_t press : {6U, 7U}) {
+        EXPECT_EQ(all[press].message, WM_KEYDOWN);
+        EXPECT_EQ(all[press].lparam & (KEY_WAS_DOWN | KEY_REPEAT_COUNT_MASK), 1);
+    }
 }
 
 TEST(MessageQueue, ButtonsAndPostedMessagesKeepTheirPlaces) {

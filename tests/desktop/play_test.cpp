@@ -110,7 +110,7 @@ TEST_F(Play, TheMousePutsThePointerAtTwiceItsDistance) {
     player_.move_mouse_to(-30, 50); // outside, where the game hears nothing of it
     player_.tap(XK_1);
     player_.watch_pictures();
-    player_.waits_until([this] { return player_.count_pictures() > 5; });
+    ASSERT_TRUE(player_.waits_until([this] { return player_.count_pictures() > 5; }));
     EXPECT_EQ(player_.look_at({200, 100, 1, 1}), Pixels{POINTER_COLOUR});
 }
 

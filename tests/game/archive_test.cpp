@@ -99,12 +99,18 @@ TEST_F(Archive, AHugeClaimKeepsNoMemoryThatTheFileDoesNotBack) {
     EXPECT_TRUE(is_empty(1));
 }
 
-TEST_F(Archive, AMissingReadOnlyOrFolderlessArchiveLeavesAllEmpty) {
+TEST_F(Archive, AnEmptyReadOnlyOrFolderlessArchiveLeavesAllEmpty) {
     load({});
     EXPECT_TRUE(is_empty(0) && is_empty(30) && is_empty(1399));
     release_sprite_table();
 
     scripted::memory_files["data/graphics.dat"].read_only = true;
+    load(archive_of({{0, 1, 1, 3, {1, 2, 3}}}));
+    EXPECT_TRUE(is_empty(0));
+    release_sprite_table();
+
+    scripted::memory_files["data/graphics.dat"].read_only = false;
+    scripted::memory_folder_exists = false;
     load(archive_of({{0, 1, 1, 3, {1, 2, 3}}}));
     EXPECT_TRUE(is_empty(0));
 }

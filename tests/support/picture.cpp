@@ -4,7 +4,6 @@
 #include "render/frame_buffer.h"
 #include "render/glyph_table.h"
 
-#include <fstream>
 #include <ostream>
 #include <stdexcept>
 
@@ -27,19 +26,6 @@ Pixel Picture::logical(int x, int y) const {
                                  "," + std::to_string(y));
     }
     return pixel;
-}
-
-void Picture::save(const std::string& path) const {
-    std::ofstream file(path, std::ios::binary);
-    file << "P6\n" << width << ' ' << height << "\n255\n";
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) {
-            const Pixel pixel = device(x, y);
-            file.put(static_cast<char>(pixel.red));
-            file.put(static_cast<char>(pixel.green));
-            file.put(static_cast<char>(pixel.blue));
-        }
-    }
 }
 
 Picture frame_buffer_copy() {

@@ -32,11 +32,8 @@ struct Picture {
     /// Device pixel, y = 0 at the top.
     Pixel device(int x, int y) const;
 
-    /// Logical pixel; fails the running test if its four device pixels differ.
+    /// Logical pixel; throws if its four device pixels differ, which fails the running test.
     Pixel logical(int x, int y) const;
-
-    /// Writes the picture as a portable pixmap, for a person to look at.
-    void save(const std::string& path) const;
 };
 
 /// A copy of what is in the frame buffer now.

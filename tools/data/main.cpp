@@ -37,11 +37,16 @@ void add_track_commands(CLI::App& app, Arguments& arguments) {
                   "map's 10000 by 10000 cells, whatever its own size; a page of 10000 by 10000 "
                   "units (viewBox=\"0 0 10000 10000\") has one unit a cell. The start is at "
                   "(2400, 2480), heading up; the start/finish box is the square from (2392, 2392) "
-                  "to (2408, 2408).\n\nExample: tarvik-data track build mine.svg "
+                  "to (2408, 2408). Pictures that the drawing links to are left "
+                  "out; embed them instead.\n\nExample: tarvik-data track build mine.svg "
                   "data/race2.map"));
     build->add_option("DRAWING", arguments.input, "the SVG drawing")->required();
     build->add_option("MAP", arguments.output, "the map to write")->required();
-    build->callback([&] { build_track(arguments.input, arguments.output); });
+    build->callback([&] {
+        if (!build_track(arguments.input, arguments.output)) {
+            std::cerr << "tarvik-data: there is no road in " << arguments.input << '\n';
+        }
+    });
 
     CLI::App* preview = track->add_subcommand(
         "preview", "Draws a map as a PNG picture in the game's colours.\n\nExample: tarvik-data "
@@ -65,16 +70,15 @@ void add_track_commands(CLI::App& app, Arguments& arguments) {
     check->add_option("MAP", arguments.input, "the map")->required();
     check->callback([&] { arguments.passed = print_track_check(arguments.input, std::cout); });
 
-    CLI::App* import = track->add_subcommand(
+    CLI::App* import_command = track->add_subcommand(
         "import",
         with_rule("Makes a map from a square PNG picture of any size up to 16384 pixels, "
                   "scaled to the map's 10000 by 10000 cells with smooth edges.\n\nExample: "
                   "tarvik-data track import mine.png data/race2.map"));
-    import->add_option("PICTURE", arguments.input, "the PNG picture")->required();
-    import->add_option("MAP", arguments.output, "the map to write")->required();
-    import->callback([&] { import_track(arguments.input, arguments.output);
-});
-} // namespace
+    import_command->add_option("PICTURE", arguments.input, "the PNG picture")->required();
+    import_command->add_option("MAP", arguments.output, "the map to write")->required();
+    import_command->callback([&] { import_track(arguments.input, arguments.output); });
+}
 
 void add_picture_commands(CLI::App& app, Arguments& arguments) {
     CLI::App* pictures = app.add_subcommand("pictures", "The game's pictures: pack, list, unpack")
@@ -136,6 +140,8 @@ int main(int argc, char** argv) {
         std::cerr << "tarvik-data: " << failure.what() << '\n';
     } catch (const std::bad_alloc&) {
         std::cerr << "tarvik-data: not enough memory\n";
+    } catch (const std::exception& error) { // of the file system, say
+        std::cerr << "tarvik-data: " << error.what() << '\n';
     }
     return 1;
 }

@@ -117,6 +117,9 @@ std::map<int, fs::path> numbered_files(const fs::path& folder) {
     return files;
 }
 
+constexpr std::size_t LARGEST_ARCHIVE =
+    std::size_t{PICTURE_COUNT} * (12 + 3 * LARGEST_PICTURE * LARGEST_PICTURE);
+
 PictureRecord picture_of(const fs::path& file) {
     const Picture picture = read_png(file, LARGEST_PICTURE);
     if (picture.width != picture.height) {
@@ -137,7 +140,7 @@ PictureRecord picture_of(const fs::path& file) {
 } // namespace
 
 std::vector<PictureRecord> read_archive(const fs::path& archive) {
-    const std::vector<std::uint8_t> file = read_whole_file(archive);
+    const std::vector<std::uint8_t> file = read_whole_file(archive, LARGEST_ARCHIVE);
     std::span<const std::uint8_t> rest(file);
     std::vector<PictureRecord> records;
     for (int number = 0; number < PICTURE_COUNT; ++number) {

@@ -8,6 +8,7 @@
 #include "tools/files/progress.h"
 #include "tools/track/track.h"
 
+#include <algorithm>
 #include <cairo.h>
 #include <cerrno>
 #include <cmath>
@@ -117,7 +118,8 @@ void render_band(RsvgHandle* handle, cairo_surface_t* surface, double size, int 
     cairo_surface_flush(surface);
 }
 
-void band_to_cells(cairo_surface_t* surface, std::vector<std::uint8_t>& cells) {
+// Whether there is any road in the band.
+bool band_to_cells(cairo_surface_t* surface, std::vector<std::uint8_t>& cells) {
     const unsigned char* pixels = cairo_image_surface_get_data(surface);
     const auto stride = static_cast<std::size_t>(cairo_image_surface_get_stride(surface));
     std::uint8_t* cell = cells.data();
@@ -131,11 +133,12 @@ void band_to_cells(cairo_surface_t* surface, std::vector<std::uint8_t>& cells) {
             *cell++ = measure >= 0 ? CELL_GRASS : CELL_ROAD;
         }
     }
+    return std::ranges::find(cells, CELL_ROAD) != cells.end();
 }
 
 } // namespace
 
-void build_track(const std::filesystem::path& drawing, const std::filesystem::path& map) {
+bool build_track(const std::filesystem::path& drawing, const std::filesystem::path& map) {
     const Owned<RsvgHandle> handle = open_drawing(drawing);
     const double size = own_size(handle.get(), drawing);
     const Owned<cairo_surface_t> surface(
@@ -147,13 +150,16 @@ void build_track(const std::filesystem::path& drawing, const std::filesystem::pa
     NewFile file(map);
     Progress progress(drawing.string());
     std::vector<std::uint8_t> cells(static_cast<std::size_t>(MAP_SIDE) * BAND_ROWS);
+    bool has_road = false;
+    progress.show(0, MAP_SIDE);
     for (int row = 0; row < MAP_SIDE; row += BAND_ROWS) {
         render_band(handle.get(), surface.get(), size, row, drawing);
-        band_to_cells(surface.get(), cells);
+        has_road = band_to_cells(surface.get(), cells) || has_road;
         file.write(cells.data(), cells.size());
         progress.show(row + BAND_ROWS, MAP_SIDE);
     }
     file.commit();
+    return has_road;
 }
 
 } // namespace tarvik

@@ -2,14 +2,12 @@
 #include "tools/demo/keyboard.h"
 
 #include "platform/driver.h"
+#include "race/car_controls.h"
 #include "shell/input.h"
 
 namespace tarvik::demo {
 
 namespace {
-
-constexpr int KEY_GEAR_UP = 'A';
-constexpr int KEY_GEAR_DOWN = 'Z';
 
 /// A message that has not shown its effect after so many frames never will: the player or the
 /// system has changed the key meanwhile.

@@ -34,8 +34,8 @@ LapEvent LapBook::look() {
 
 void LapBook::print_summary() const {
     if (completed > 0) {
-        std::printf("%d laps, %d without penalty, %d resets, best result %d\n", completed, clean,
-                    resets, best_cycle[PLAYER_SLOT]);
+        std::printf("%d lap%s, %d without penalty, %d resets, best result %d\n", completed,
+                    completed == 1 ? "" : "s", clean, resets, best_cycle[PLAYER_SLOT]);
     }
 }
 

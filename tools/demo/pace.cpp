@@ -1,6 +1,7 @@
 // Limits from the bends, then braking distances backwards from each limit.
 #include "tools/demo/pace.h"
 
+#include "race/car_controls.h"
 #include "race/heading.h"
 
 #include <algorithm>
@@ -9,18 +10,18 @@ namespace tarvik::demo {
 
 namespace {
 
-constexpr double NO_LIMIT = 4.0;   // above the top speed
-constexpr double SLOWEST = 0.5;    // no bend needs less; the car never slides below it
-constexpr double STEER_BASE = 1.2; // degrees that a steering frame turns, plus the speed
+constexpr double NO_LIMIT = 4.0; // above the top speed
+constexpr double SLOWEST = 0.5;  // no bend needs less; the car never slides below it
 
-/// A car that steers in `share` of all frames turns by share * (1.2 + speed) degrees a frame, and
-/// has to turn by bend * speed.
+/// A car that steers in `share` of all frames turns by share * (STEER_DEGREES + speed) degrees a
+/// frame, and has to turn by bend * speed.
 double bend_limit(double bend, double share) {
     const double per_degree = share * DEG_TO_RAD;
     if (bend <= per_degree) {
         return NO_LIMIT;
     }
-    return std::clamp(STEER_BASE * per_degree / (bend - per_degree), SLOWEST, NO_LIMIT);
+    return std::clamp(static_cast<double>(STEER_DEGREES) * per_degree / (bend - per_degree),
+                      SLOWEST, NO_LIMIT);
 }
 
 /// Speed lost per cell of way with the brake held. A frame divides the speed by 1 + b and covers

@@ -1,6 +1,8 @@
 // Steering at a point ahead, pedals after the planned pace, gears after the speed.
 #include "tools/demo/pilot.h"
 
+#include "race/car_controls.h"
+#include "race/car_motion.h"
 #include "race/heading.h"
 #include "race/race_state.h"
 #include "tools/demo/pace.h"
@@ -22,10 +24,7 @@ constexpr double AIM_PER_SPEED = 9.0;
 // From the 16th steering frame in a row a fast car slides; two frames without end the row.
 constexpr int STEER_ROW_LIMIT = 14;
 constexpr int STEER_ROW_PAUSE = 2;
-constexpr double SLIDING_SPEED = 0.5;
 
-/// Speeds at which the gears stop pulling.
-constexpr double GEAR_END[TOP_GEAR + 1] = {0.0, 0.6, 1.0, 1.6, 2.1, 2.7, 3.3};
 /// A lower gear is worth the shift below this part of its end.
 constexpr double SHIFT_DOWN_PART = 0.93;
 
@@ -40,6 +39,11 @@ constexpr double SHARE_SPREAD = 0.03;
 constexpr double GATE_CALM = 600.0;
 constexpr double GATE_BLEND = 400.0;
 constexpr double EDGE_MARGIN = 16.0; // cells that the middle of the car keeps from the grass
+
+/// Speed at which a gear stops pulling.
+double gear_end(std::int32_t gear) {
+    return static_cast<double>(GEAR_RANGES[gear].below);
+}
 
 } // namespace
 
@@ -77,7 +81,7 @@ Point Pilot::aim(double speed) const {
 }
 
 int Pilot::steer(const CarView& car) {
-    if (car.speed >= SLIDING_SPEED && car.steer_count >= STEER_ROW_LIMIT && straight_left == 0) {
+    if (car.speed >= SKID_SPEED && car.steer_count >= STEER_ROW_LIMIT && straight_left == 0) {
         straight_left = STEER_ROW_PAUSE;
     }
     if (straight_left > 0) {
@@ -87,7 +91,7 @@ int Pilot::steer(const CarView& car) {
     const Point target = aim(car.speed);
     const double wanted = std::atan2(target.x - car.at.x, target.y - car.at.y) / DEG_TO_RAD;
     const double error = std::remainder(wanted - car.heading, 360.0);
-    const double half_step = (1.2 + car.speed) / 2.0;
+    const double half_step = (static_cast<double>(STEER_DEGREES) + car.speed) / 2.0;
     if (std::abs(error) <= half_step) {
         return 0;
     }
@@ -113,11 +117,11 @@ int Pilot::choose_shift(const CarView& car) const {
     if (car.gear == 0) {
         return 1;
     }
-    if (pedal == Pedal::THROTTLE && car.gear < TOP_GEAR && car.speed >= GEAR_END[car.gear]) {
+    if (pedal == Pedal::THROTTLE && car.gear < TOP_GEAR && car.speed >= gear_end(car.gear)) {
         return 1;
     }
     if (pedal != Pedal::BRAKE && car.gear > 1 &&
-        car.speed < SHIFT_DOWN_PART * GEAR_END[car.gear - 1]) {
+        car.speed < SHIFT_DOWN_PART * gear_end(car.gear - 1)) {
         return -1;
     }
     return 0;

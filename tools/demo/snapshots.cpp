@@ -65,7 +65,7 @@ bool bend_is_near() {
 bool gate_is_near() {
     const float below = car_y[PLAYER_SLOT] - static_cast<float>(BOX_TOP + BOX_SIZE);
     return !gate_taken && standing().laps >= 1 && cycle[PLAYER_SLOT] > MIN_LAP_FRAMES &&
-           std::abs(car_x[PLAYER_SLOT] - 2400.0F) < 20.0F && below > 0.0F && below < BEFORE_GATE;
+           std::abs(car_x[PLAYER_SLOT] - START_X) < 20.0F && below > 0.0F && below < BEFORE_GATE;
 }
 
 /// Smallest distance between two of the ghosts as drawn in this frame, at most APART; 0 if there

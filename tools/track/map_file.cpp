@@ -14,7 +14,7 @@ std::vector<std::uint8_t> read_map(const std::filesystem::path& path) {
     std::uintmax_t size = std::filesystem::file_size(path, unknown_size);
     std::vector<std::uint8_t> cells;
     if (unknown_size || size == MAP_BYTES) { // a file of another size need not be read
-        cells = read_whole_file(path);
+        cells = read_whole_file(path, MAP_BYTES);
         size = cells.size();
     }
     if (size != MAP_BYTES) {

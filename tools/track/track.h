@@ -2,6 +2,7 @@
 #pragma once
 
 #include "race/laps.h"
+#include "race/race_state.h"
 #include "race/track_grid.h"
 
 #include <cstddef>
@@ -17,8 +18,8 @@ inline constexpr std::uint8_t CELL_GRASS = CELL_OFF_TRACK;
 inline constexpr std::uint8_t CELL_ROAD = 0; ///< what these tools write; any value but 1 is road
 
 /// A car starts in this cell, heading up.
-inline constexpr int START_CELL_X = 2400;
-inline constexpr int START_CELL_Y = 2480;
+inline constexpr int START_CELL_X = static_cast<int>(START_X);
+inline constexpr int START_CELL_Y = static_cast<int>(START_Y);
 
 /// The last column of the start/finish box, its last row, and the cell in its middle.
 inline constexpr int BOX_RIGHT = BOX_LEFT + BOX_SIZE - 1;

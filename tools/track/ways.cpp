@@ -71,11 +71,12 @@ bool other_way_remains(CellMask& space, int side, Cell cell) {
             const double dy = sense * std::sin(i * std::numbers::pi / DIRECTIONS);
             double x = cell.x + 0.5;
             double y = cell.y + 0.5;
-            // Nothing of the space lies at the edge of the grid, or it would not be closed there.
             for (; x >= 0 && y >= 0 && x < side && y < side && space[index(x, y)] != 0;
                  x += dx / 4, y += dy / 4) {
                 line.push_back(index(x, y));
-                line.push_back(index(x + 1, y)); // so that no diagonal move slips through
+                if (x + 1 < side) {
+                    line.push_back(index(x + 1, y)); // so that no diagonal move slips through
+                }
             }
         }
         if (cut.empty() || line.size() < cut.size()) {
