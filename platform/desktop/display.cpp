@@ -55,7 +55,7 @@ bool start_x11() {
     return started;
 }
 
-// Where there is no session at all, libwayland would complain on standard error.
+// Where there is no server at all, libwayland would complain on standard error.
 bool start_wayland() {
     return std::getenv("XDG_RUNTIME_DIR") != nullptr && start_video("wayland");
 }
@@ -103,7 +103,7 @@ void open_display_or_exit() {
     SDL_SetMainReady();
     // SDL keeps the screen saver away, as the game does on Windows by swallowing its command.
     if (!start_x11() && !start_wayland()) {
-        exit_without("no display", "neither an X11 nor a Wayland session can be reached");
+        exit_without("no display", "neither an X11 nor a Wayland server can be reached");
     }
     SDL_StopTextInput();
     ask_for_pixel_format();
