@@ -36,14 +36,11 @@ void keep_bytes(Sprite& sprite, std::size_t bytes_read) {
     }
 }
 
-/// Leaves a picture that there is no memory for empty, and the file at the next record.
-void give_up(DataFile& archive, Sprite& sprite, std::uint32_t bytes) {
-    sprite.width = 0;
-    sprite.height = 0;
-    sprite.bytes_per_pixel = 0;
-    std::uint8_t skipped[4096];
+/// Takes the file to the next record. Files can only be read, not sought in.
+void skip(DataFile& archive, std::size_t bytes) {
+    std::uint8_t skipped[64 * 1024];
     while (bytes > 0) {
-        const auto wanted = std::min<std::uint32_t>(bytes, sizeof skipped);
+        const auto wanted = static_cast<DWORD>(std::min(bytes, sizeof skipped));
         if (archive.read(skipped, wanted) < wanted) {
             return;
         }
@@ -51,24 +48,38 @@ void give_up(DataFile& archive, Sprite& sprite, std::uint32_t bytes) {
     }
 }
 
-void read_sprite(DataFile& archive, Sprite& sprite) {
+/// Reads `claimed` bytes of a sprite: the first `budget` of them into memory, past the others.
+/// Lowers the budget by what the file held.
+void read_pixels(DataFile& archive, Sprite& sprite, std::size_t claimed, std::size_t& budget) {
+    const std::size_t wanted = std::min(claimed, budget);
+    sprite.pixel_bytes = std::max<std::size_t>(wanted, 1);
+    // Zeroed by calloc, so that a huge claim costs no memory before the file backs it.
+    sprite.pixels = static_cast<std::uint8_t*>(std::calloc(sprite.pixel_bytes, 1));
+    if (sprite.pixels == nullptr) {
+        sprite.width = 0;
+        sprite.height = 0;
+        sprite.bytes_per_pixel = 0;
+        sprite.pixel_bytes = 0;
+        skip(archive, claimed);
+        return;
+    }
+    const std::size_t bytes_read = archive.read(sprite.pixels, static_cast<DWORD>(wanted));
+    keep_bytes(sprite, bytes_read);
+    budget -= bytes_read;
+    if (bytes_read == wanted) {
+        skip(archive, claimed - wanted);
+    }
+}
+
+void read_sprite(DataFile& archive, Sprite& sprite, std::size_t& budget) {
     // Each field by itself: one that the end of the file cuts keeps 0 in what is missing.
     archive.read(&sprite.width, sizeof sprite.width);
     archive.read(&sprite.height, sizeof sprite.height);
     archive.read(&sprite.bytes_per_pixel, sizeof sprite.bytes_per_pixel);
     const std::int32_t claimed = claimed_bytes(sprite);
-    if (claimed <= 0) {
-        return;
+    if (claimed > 0) {
+        read_pixels(archive, sprite, static_cast<std::size_t>(claimed), budget);
     }
-    const auto bytes = static_cast<std::uint32_t>(claimed);
-    // Zeroed by calloc, so that a huge claim costs no memory before the file backs it.
-    sprite.pixels = static_cast<std::uint8_t*>(std::calloc(bytes, 1));
-    if (sprite.pixels == nullptr) {
-        give_up(archive, sprite, bytes);
-        return;
-    }
-    sprite.pixel_bytes = bytes;
-    keep_bytes(sprite, archive.read(sprite.pixels, bytes));
 }
 
 } // namespace
@@ -78,8 +89,9 @@ void load_graphics_archive() {
     if (!archive.is_open()) {
         return;
     }
+    std::size_t budget = MAX_PIXEL_BYTES;
     for (int i = 0; i < SPRITE_COUNT; ++i) {
-        read_sprite(archive, sprite_table[i]);
+        read_sprite(archive, sprite_table[i], budget);
     }
 }
 

@@ -24,7 +24,7 @@ struct Sprite {
     std::int32_t bytes_per_pixel = 0;
 
     /// How many bytes `pixels` holds. Fewer than the product above in a picture that its file
-    /// cuts short: the bytes that are not held count as 0.
+    /// or the reader's limit cuts short: the bytes that are not held count as 0.
     std::size_t pixel_bytes = 0;
 };
 

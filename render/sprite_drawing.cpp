@@ -1,4 +1,5 @@
-// Both drawing operations are one loop; they differ in what puts the pixel.
+// Both drawing operations are one loop; they differ in what puts the pixel, and in whether what
+// lies to the left of the view or above it can be left out.
 #include "render/sprite_drawing.h"
 
 #include "render/frame_buffer.h"
@@ -12,25 +13,50 @@ namespace tarvik {
 namespace {
 
 /// Sprites that are drawn are read as red, green, blue, whatever depth they claim.
-constexpr std::size_t DRAWN_BYTES_PER_PIXEL = 3;
+constexpr std::int64_t DRAWN_BYTES_PER_PIXEL = 3;
 
-template <typename Plot>
+enum class OutsideTopLeft { DROPPED, MOVED_TO_THE_EDGE };
+
+/// Which columns (or rows) of a sprite can show: from `first` up to `end`, `end` not included.
+struct Span {
+    std::int64_t first;
+    std::int64_t end;
+};
+
+Span showing(std::int64_t position, std::int64_t width, std::int64_t view_size,
+             OutsideTopLeft outside) {
+    const std::int64_t before = std::max<std::int64_t>(-position, 0);
+    return {.first = outside == OutsideTopLeft::DROPPED ? before : 0,
+            .end = std::min(width, view_size - position)};
+}
+
+/// A sprite may claim any width and hold almost nothing, and the position may be any at all: what
+/// is walked is only what the sprite holds and what can show, in 64 bits.
+template <OutsideTopLeft outside, typename Plot>
 void draw_pixels(std::int32_t x, std::int32_t y, std::int32_t n, Plot plot_pixel) {
     if (n < 0 || n >= SPRITE_COUNT || sprite_table[n].width <= 0) {
         return;
     }
     const Sprite& sprite = sprite_table[n];
-    std::size_t left = sprite.pixel_bytes / DRAWN_BYTES_PER_PIXEL; // pixels not yet drawn
-    const std::uint8_t* pixel = sprite.pixels;
-    for (std::int32_t row = 0; row < sprite.width && left > 0; ++row) {
-        for (std::int32_t column = 0; column < sprite.width && left > 0; ++column, --left) {
+    const auto pixels_held = static_cast<std::int64_t>(sprite.pixel_bytes) / DRAWN_BYTES_PER_PIXEL;
+    const Span rows = showing(y, sprite.width, LOGICAL_HEIGHT, outside);
+    const Span columns = showing(x, sprite.width, LOGICAL_WIDTH, outside);
+    for (std::int64_t row = rows.first; row < rows.end; ++row) {
+        const std::int64_t row_start = row * sprite.width;
+        if (row_start >= pixels_held) {
+            return;
+        }
+        const std::int64_t end = std::min(columns.end, pixels_held - row_start);
+        for (std::int64_t column = columns.first; column < end; ++column) {
+            const std::uint8_t* pixel =
+                sprite.pixels + (row_start + column) * DRAWN_BYTES_PER_PIXEL;
             const int red = pixel[0];
             const int green = pixel[1];
             const int blue = pixel[2];
             if ((red | green | blue) != 0) {
-                plot_pixel(x + column, y + row, red, green, blue);
+                plot_pixel(static_cast<std::int32_t>(x + column),
+                           static_cast<std::int32_t>(y + row), red, green, blue);
             }
-            pixel += DRAWN_BYTES_PER_PIXEL;
         }
     }
 }
@@ -38,11 +64,11 @@ void draw_pixels(std::int32_t x, std::int32_t y, std::int32_t n, Plot plot_pixel
 } // namespace
 
 void draw_sprite(std::int32_t x, std::int32_t y, std::int32_t n) {
-    draw_pixels(x, y, n, plot);
+    draw_pixels<OutsideTopLeft::DROPPED>(x, y, n, plot);
 }
 
 void draw_sprite_clamped(std::int32_t x, std::int32_t y, std::int32_t n) {
-    draw_pixels(x, y, n, plot_clamped);
+    draw_pixels<OutsideTopLeft::MOVED_TO_THE_EDGE>(x, y, n, plot_clamped);
 }
 
 void plot_clamped(std::int32_t x, std::int32_t y, int red, int green, int blue) {

@@ -99,6 +99,21 @@ TEST_F(Archive, AHugeClaimKeepsNoMemoryThatTheFileDoesNotBack) {
     EXPECT_TRUE(is_empty(1));
 }
 
+TEST_F(Archive, KeepsNoMoreThanItsLimitAndFindsTheNextRecordAllTheSame) {
+    constexpr std::int32_t SIDE = 5000; // 75 MB
+    load(archive_of({{0, 1, 1, 3, {1, 2, 3}},
+                     {1, SIDE, SIDE, 3, std::vector<std::uint8_t>(std::size_t{SIDE} * SIDE * 3, 5)},
+                     {2, 1, 2, 3, counting_bytes(6)},
+                     {3, 7, 0, 3, {}}}));
+    EXPECT_EQ(sprite_table[1].pixel_bytes, MAX_PIXEL_BYTES - 3);
+    EXPECT_EQ(sprite_table[1].pixels[MAX_PIXEL_BYTES - 4], 5);
+    EXPECT_EQ(sprite_table[2].height, 2);
+    ASSERT_NE(sprite_table[2].pixels, nullptr);
+    EXPECT_EQ(sprite_table[2].pixel_bytes, 1U);
+    EXPECT_EQ(sprite_table[2].pixels[0], 0);
+    EXPECT_EQ(sprite_table[3].width, 7);
+}
+
 TEST_F(Archive, AnEmptyReadOnlyOrFolderlessArchiveLeavesAllEmpty) {
     load({});
     EXPECT_TRUE(is_empty(0) && is_empty(30) && is_empty(1399));

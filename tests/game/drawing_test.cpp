@@ -111,6 +111,31 @@ TEST_F(Drawing, OddlyShapedSpritesShowOnlyWhatTheyHold) {
     EXPECT_EQ(pixels_of(frame_buffer_copy(), {9, 9, 9}), "");
 }
 
+TEST_F(Drawing, AWideSpriteShowsWhatItHoldsWhereverItStands) {
+    constexpr std::int32_t WIDTH = 26754; // whose square just fits the archive's sizes
+    constexpr int HELD = WIDTH + 2;       // one row and two pixels
+    load_image({30, WIDTH, WIDTH, 3, std::vector<std::uint8_t>(std::size_t{HELD} * 3, 9)});
+    draw_sprite(-WIDTH + 2, 7, 30);
+    EXPECT_EQ(pixels_of(frame_buffer_copy(), {9, 9, 9}), "0,7 1,7");
+
+    clear_frame();
+    draw_sprite_clamped(-1, -1, 30);
+    EXPECT_EQ(red_at(319, 0), 9);
+    EXPECT_EQ(red_at(0, 1), 0);
+    clear_frame();
+    draw_sprite_clamped(-WIDTH + 2, 7, 30);
+    EXPECT_EQ(pixels_of(frame_buffer_copy(), {9, 9, 9}), "0,7 1,7 0,8");
+
+    clear_frame();
+    for (const std::int32_t far : {INT32_MIN, INT32_MAX}) {
+        draw_sprite(far, far, 30);
+        draw_sprite(far, 0, 30);
+        draw_sprite_clamped(INT32_MAX, far, 30);
+        draw_sprite_clamped(0, INT32_MAX, 30);
+    }
+    EXPECT_EQ(pixels_of(frame_buffer_copy(), {9, 9, 9}), "");
+}
+
 TEST_F(Drawing, AFrameStacksTrackCarMarkerTextsGhostsAndPointer) {
     release_sprite_table();
     create_sprite_table();
