@@ -48,10 +48,12 @@ void skip(DataFile& archive, std::size_t bytes) {
     }
 }
 
-/// Reads `claimed` bytes of a sprite: the first `budget` of them into memory, past the others.
-/// Lowers the budget by what the file held.
+/// Reads `claimed` bytes of a sprite, the first of them into memory: no more than half of what is
+/// left of the budget, so that no sprite leaves the later ones without. Lowers the budget by what
+/// the file held. All records are read, whatever the ones before them claimed: a huge start marker
+/// does not cost the player the mouse pointer.
 void read_pixels(DataFile& archive, Sprite& sprite, std::size_t claimed, std::size_t& budget) {
-    const std::size_t wanted = std::min(claimed, budget);
+    const std::size_t wanted = std::min(claimed, budget / 2);
     sprite.pixel_bytes = std::max<std::size_t>(wanted, 1);
     // Zeroed by calloc, so that a huge claim costs no memory before the file backs it.
     sprite.pixels = static_cast<std::uint8_t*>(std::calloc(sprite.pixel_bytes, 1));

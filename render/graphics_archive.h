@@ -12,9 +12,10 @@
 namespace tarvik {
 
 /// How many pixel bytes are kept of one archive, all sprites together. The format knows no limit;
-/// this one is far above what pictures for a view of 320 by 240 need. The sprite that crosses it
-/// keeps what fits, those after it nothing, so that an archive that claims gigabytes, or holds
-/// them, costs neither the memory nor the time to draw them.
+/// this one is far above what pictures for a view of 320 by 240 need. No sprite takes more than
+/// half of what the ones before it have left; of a larger one the first bytes are kept. So an
+/// archive that claims gigabytes, or holds them, costs neither the memory nor the time to draw
+/// them.
 inline constexpr std::size_t MAX_PIXEL_BYTES = 64 * 1024 * 1024;
 
 /// Fills `sprite_table` from ".\data\graphics.dat". Nothing is reported: a missing or unreadable

@@ -100,18 +100,30 @@ TEST_F(Archive, AHugeClaimKeepsNoMemoryThatTheFileDoesNotBack) {
 }
 
 TEST_F(Archive, KeepsNoMoreThanItsLimitAndFindsTheNextRecordAllTheSame) {
-    constexpr std::int32_t SIDE = 5000; // 75 MB
-    load(archive_of({{0, 1, 1, 3, {1, 2, 3}},
-                     {1, SIDE, SIDE, 3, std::vector<std::uint8_t>(std::size_t{SIDE} * SIDE * 3, 5)},
-                     {2, 1, 2, 3, counting_bytes(6)},
-                     {3, 7, 0, 3, {}}}));
-    EXPECT_EQ(sprite_table[1].pixel_bytes, MAX_PIXEL_BYTES - 3);
-    EXPECT_EQ(sprite_table[1].pixels[MAX_PIXEL_BYTES - 4], 5);
-    EXPECT_EQ(sprite_table[2].height, 2);
-    ASSERT_NE(sprite_table[2].pixels, nullptr);
-    EXPECT_EQ(sprite_table[2].pixel_bytes, 1U);
-    EXPECT_EQ(sprite_table[2].pixels[0], 0);
-    EXPECT_EQ(sprite_table[3].width, 7);
+    constexpr std::int32_t SIDE = 3500; // 36.75 MB, more than half of the limit
+    load(
+        archive_of({{30, SIDE, SIDE, 3, std::vector<std::uint8_t>(std::size_t{SIDE} * SIDE * 3, 5)},
+                    {250, 1, 2, 3, counting_bytes(6)}}));
+    EXPECT_EQ(sprite_table[30].width, SIDE);
+    EXPECT_EQ(sprite_table[30].pixel_bytes, MAX_PIXEL_BYTES / 2);
+    EXPECT_EQ(sprite_table[30].pixels[MAX_PIXEL_BYTES / 2 - 1], 5);
+    EXPECT_EQ(sprite_table[250].pixel_bytes, 6U);
+    EXPECT_EQ(sprite_table[250].pixels[5], 6);
+
+    release_sprite_table();
+    std::vector<Image> images;
+    for (int n = 0; n < 40; ++n) {
+        images.push_back({n, 1500, 1500, 3, std::vector<std::uint8_t>(6750000, 5)});
+    }
+    load(archive_of(images));
+    std::size_t kept = 0;
+    for (int n = 0; n < SPRITE_COUNT; ++n) {
+        kept += sprite_table[n].pixel_bytes;
+    }
+    EXPECT_EQ(sprite_table[4].pixel_bytes, 6750000U);
+    EXPECT_EQ(sprite_table[39].width, 1500);
+    EXPECT_EQ(sprite_table[39].pixel_bytes, 1U); // non-null, as the record is not empty
+    EXPECT_LE(kept, MAX_PIXEL_BYTES + 40);
 }
 
 TEST_F(Archive, AnEmptyReadOnlyOrFolderlessArchiveLeavesAllEmpty) {
