@@ -1,7 +1,7 @@
 // How a program instead of a person drives the game: the demo, the tests and the benchmarks.
 //
-// Both platform layers outside Windows (platform/desktop and platform/scripted) define these two
-// calls. They add to what the layer delivers by itself and take nothing away from it.
+// Two of the platform layers, platform/desktop and platform/scripted, define these two calls. They
+// add to what the layer delivers by itself and take nothing away from it.
 #pragma once
 
 #include "platform/win32.h"

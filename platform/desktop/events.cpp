@@ -1,8 +1,8 @@
 // Keyboard and close events as messages; the mouse has a file of its own.
 #include "platform/desktop/events.h"
 
+#include "platform/common/keys.h"
 #include "platform/desktop/close_signals.h"
-#include "platform/desktop/keys.h"
 #include "platform/desktop/mouse_messages.h"
 #include "platform/desktop/x11_keyboard.h"
 

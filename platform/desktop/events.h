@@ -1,7 +1,7 @@
 // From SDL's events to the messages that Windows would have sent.
 #pragma once
 
-#include "platform/desktop/message_queue.h"
+#include "platform/common/message_queue.h"
 
 namespace tarvik {
 

@@ -1,6 +1,6 @@
 // Device context, OpenGL context and the swap that shows a picture.
+#include "platform/common/pacing.h"
 #include "platform/desktop/game_window.h"
-#include "platform/desktop/pacing.h"
 
 #include <SDL.h>
 

@@ -1,6 +1,6 @@
 // The state of a key at the moment of the call.
+#include "platform/common/keys.h"
 #include "platform/desktop/display.h"
-#include "platform/desktop/keys.h"
 #include "platform/desktop/x11_keyboard.h"
 #include "platform/win32.h"
 

@@ -1,7 +1,7 @@
 // The message loop's calls, and the two by which a program drives the game.
+#include "platform/common/keys.h"
 #include "platform/desktop/events.h"
 #include "platform/desktop/game_window.h"
-#include "platform/desktop/keys.h"
 #include "platform/driver.h"
 
 #include <SDL_timer.h>

@@ -1,7 +1,7 @@
 // SDL's mouse events as messages. Private to the event reading.
 #pragma once
 
-#include "platform/desktop/message_queue.h"
+#include "platform/common/message_queue.h"
 
 #include <SDL_events.h>
 

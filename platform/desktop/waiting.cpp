@@ -1,5 +1,5 @@
 // Everything that waits: the pace of the pictures and Sleep.
-#include "platform/desktop/pacing.h"
+#include "platform/common/pacing.h"
 #include "platform/win32.h"
 
 #include <thread>

@@ -5,7 +5,7 @@
 // only because the focus moved on.
 #pragma once
 
-#include "platform/desktop/keys.h"
+#include "platform/common/keys.h"
 
 union _XEvent;
 

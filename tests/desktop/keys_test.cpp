@@ -1,5 +1,5 @@
 // Which message the keys of different keyboards and layouts make.
-#include "platform/desktop/keys.h"
+#include "platform/common/keys.h"
 
 #include <gtest/gtest.h>
 

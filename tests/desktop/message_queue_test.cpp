@@ -1,5 +1,5 @@
 // What waits in the queue, in which order, and what merges.
-#include "platform/desktop/message_queue.h"
+#include "platform/common/message_queue.h"
 
 #include <gtest/gtest.h>
 

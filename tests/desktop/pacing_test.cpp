@@ -1,5 +1,5 @@
 // When the next picture is due.
-#include "platform/desktop/pacing.h"
+#include "platform/common/pacing.h"
 
 #include <gtest/gtest.h>
 

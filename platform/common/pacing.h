@@ -22,7 +22,7 @@ constexpr PictureClock::time_point next_due(PictureClock::time_point due,
     return now - next > PICTURE_TIME ? now : next;
 }
 
-/// Waits, after a picture was shown, until the next one may begin.
+/// Waits, after a picture was shown, until the next one may begin; each layer has its own way.
 void wait_for_next_picture();
 
 } // namespace tarvik

@@ -1,5 +1,5 @@
 // The ring of waiting messages and its two mergers.
-#include "platform/desktop/message_queue.h"
+#include "platform/common/message_queue.h"
 
 namespace tarvik {
 

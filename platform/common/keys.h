@@ -5,14 +5,15 @@
 // puts on it.
 #pragma once
 
-#include "platform/desktop/message_queue.h"
+#include "platform/common/message_queue.h"
 
 #include <cstdint>
 #include <span>
+#include <string_view>
 
 namespace tarvik {
 
-/// Codes that only this layer knows by name.
+/// Codes that only what stands under the game knows by name.
 inline constexpr int VK_MENU = 0x12; // Alt
 inline constexpr int VK_F4 = 0x73;
 
@@ -22,10 +23,14 @@ struct Key {
     std::uint8_t virtual_key;   ///< code of the place; for letters that of a US layout
     std::uint8_t keypad_motion; ///< code on the keypad while Num Lock is off, else 0
     const char* xkb_name;       ///< name of the place in the X keyboard extension, 4 characters
+    const char* web_code;       ///< name of the place in a browser, KeyboardEvent's `code`
 };
 
 /// Every key that has a virtual-key code.
 std::span<const Key> all_keys();
+
+/// The place that a browser gives a name to, 0 when no key is known by it.
+int place_of_web_code(std::string_view code);
 
 /// A press or release, with what the layout and the held keys make of it.
 struct KeyChange {

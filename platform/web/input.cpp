@@ -1,0 +1,130 @@
+// Keyboard and mouse events as messages, and the state of the keys.
+#include "platform/web/input.h"
+
+#include "platform/common/keys.h"
+#include "platform/common/message_queue.h"
+#include "platform/web/page.h"
+
+#include <emscripten/html5.h>
+
+#include <array>
+#include <cstring>
+
+namespace tarvik {
+
+namespace {
+
+MessageQueue queue;
+
+/// The keys that are down, by virtual-key code, whichever part of the page has the focus.
+std::array<bool, 256> held{};
+
+DWORD now() {
+    return static_cast<DWORD>(emscripten_get_now());
+}
+
+/// Keys whose meaning for the browser (scrolling, help, search) the player of this game does not
+/// want; the browser keeps all others, and these together with Ctrl, Alt or Meta.
+bool is_key_of_game(int virtual_key) {
+    switch (virtual_key) {
+    case VK_LEFT:
+    case VK_UP:
+    case VK_RIGHT:
+    case VK_DOWN:
+    case VK_ESCAPE:
+    case VK_F1:
+    case VK_F2:
+    case VK_OEM_4:
+    case VK_OEM_6:
+    case 'A':
+    case 'Z':
+    case '1':
+    case '2':
+    case '3':
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// The key's character; 0 for a key such as "ArrowUp" and for what lies beyond ASCII but counts as
+/// a sign, which is all that is asked of such a one.
+std::uint32_t character_of(const char* key) {
+    const auto first = static_cast<std::uint8_t>(key[0]);
+    return std::strlen(key) == 1 ? first : first >= 0x80 ? 0xFFFFU : 0U;
+}
+
+EM_BOOL on_key(int type, const EmscriptenKeyboardEvent* event, void*) {
+    KeyChange change{};
+    change.place = place_of_web_code(event->code);
+    change.character = character_of(event->key);
+    change.down = type == EMSCRIPTEN_EVENT_KEYDOWN;
+    change.was_down = !change.down || event->repeat;
+    change.alt = event->altKey;
+    change.control = event->ctrlKey;
+    change.num_lock = change.character != 0; // on the keypad: it types digits
+
+    Message message{};
+    message.time = now();
+    if (!key_message(change, message)) {
+        return EM_FALSE;
+    }
+    held[message.wparam] = change.down;
+    if (page_has_focus() == 0) {
+        return EM_FALSE;
+    }
+    queue.append_input(message);
+    return is_key_of_game(static_cast<int>(message.wparam)) && !event->ctrlKey && !event->altKey &&
+           !event->metaKey;
+}
+
+/// What happens to the keys while another window has the keyboard, nobody tells: they count as
+/// released. The game's own table stays as it is, for no message says that they were.
+EM_BOOL on_blur(int, const EmscriptenFocusEvent*, void*) {
+    held.fill(false);
+    return EM_FALSE;
+}
+
+/// The canvas may be enlarged; the game counts the pixels of its own picture.
+EM_BOOL on_mouse_move(int, const EmscriptenMouseEvent* event, void*) {
+    double width = 0;
+    double height = 0;
+    emscripten_get_element_css_size(CANVAS, &width, &height);
+    const auto x = static_cast<int>(event->targetX * GetSystemMetrics(SM_CXSCREEN) / width);
+    const auto y = static_cast<int>(event->targetY * GetSystemMetrics(SM_CYSCREEN) / height);
+    queue.append_input({WM_MOUSEMOVE, 0, static_cast<LPARAM>(y << 16 | x), now()});
+    return EM_FALSE;
+}
+
+} // namespace
+
+void start_listening() {
+    emscripten_set_keydown_callback(EMSCRIPTEN_EVENT_TARGET_WINDOW, nullptr, EM_FALSE, on_key);
+    emscripten_set_keyup_callback(EMSCRIPTEN_EVENT_TARGET_WINDOW, nullptr, EM_FALSE, on_key);
+    emscripten_set_blur_callback(EMSCRIPTEN_EVENT_TARGET_WINDOW, nullptr, EM_FALSE, on_blur);
+    emscripten_set_mousemove_callback(CANVAS, nullptr, EM_FALSE, on_mouse_move);
+}
+
+void stop_listening() {
+    emscripten_html5_remove_all_event_listeners();
+}
+
+} // namespace tarvik
+
+using namespace tarvik;
+
+extern "C" {
+
+BOOL WINAPI PeekMessageA(LPMSG message, HWND window, UINT, UINT, UINT) {
+    Message next{};
+    if (!queue.take(next)) {
+        return FALSE;
+    }
+    *message = {window, next.message, next.wparam, next.lparam, next.time, {}};
+    return TRUE;
+}
+
+SHORT WINAPI GetAsyncKeyState(int virtual_key) {
+    return static_cast<SHORT>(held.at(static_cast<std::size_t>(virtual_key)) ? -0x8000 : 0);
+}
+}

@@ -1,0 +1,41 @@
+// What the page does for the layer; defined in page_calls.js.
+#pragma once
+
+#include "platform/win32.h"
+
+namespace tarvik {
+
+/// The canvas that stands for the window, as a selector of the page.
+inline constexpr const char* CANVAS = "#game";
+
+} // namespace tarvik
+
+extern "C" {
+
+/// Puts `width` by `height` pixels on the canvas: rows from the top down, red, green, blue and
+/// an opaque alpha, a byte each.
+void page_show_picture(const DWORD* pixels, int width, int height);
+
+/// Waits until a picture may follow in `milliseconds` (below 0: is late), in step with the
+/// display as far as its own pace allows. In a page that cannot be seen the wait lasts until it
+/// can.
+void page_wait_for_picture(double milliseconds);
+
+/// Whether the keyboard belongs to the canvas.
+int page_has_focus();
+
+/// Shows or hides the pointer over the canvas.
+void page_show_pointer(int visible);
+
+/// Shows a message until the player has read it.
+void page_show_message(const char* text);
+
+/// Opens a file for reading; one that the page has not got is empty. Never 0.
+int page_open_file(const char* name);
+
+/// Reads on in an open file: the next `wanted` bytes, or as many as are left. Returns their number.
+DWORD page_read_file(int file, void* buffer, DWORD wanted);
+
+/// Whether there was an open file to close.
+int page_close_file(int file);
+}

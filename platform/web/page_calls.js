@@ -1,0 +1,119 @@
+// The page's part of the layer, by the names of page.h; emscripten links it with the program.
+//
+// `Module` is what the page hands to createTarvik: `canvas`; `files`, a map from names such as
+// "data/race1.map" to Uint8Arrays packed by gzip; and `pictureShown`, called after each picture.
+mergeInto(LibraryManager.library, {
+  $page: {
+    picture: null, // ImageData over the program's own memory
+    files: {}, // open files by number
+    lastFile: 0,
+  },
+
+  page_show_picture__deps: ['$page'],
+  page_show_picture: function (pixels, width, height) {
+    if (!page.picture || page.picture.data.byteOffset !== pixels) {
+      var bytes = new Uint8ClampedArray(HEAPU8.buffer, pixels, width * height * 4);
+      page.picture = new ImageData(bytes, width, height);
+      page.canvas = Module['canvas'].getContext('2d', { alpha: false });
+    }
+    page.canvas.putImageData(page.picture, 0, 0);
+    Module['pictureShown']();
+  },
+
+  // The display's own turns come first, so that a picture stays for a whole number of them: the
+  // first turn from a little before the deadline on. Where turns are too rare for that (a display
+  // slower than 60 a second) a timer keeps the pace; not while the page is hidden, though, where
+  // turns stay out and the game stands still.
+  page_wait_for_picture__deps: ['$Asyncify'],
+  page_wait_for_picture: function (milliseconds) {
+    Asyncify.handleSleep(function (wakeUp) {
+      var EARLY = 4;
+      var LATE = 10;
+      var due = performance.now() + milliseconds;
+      var timer = 0;
+      var turn = 0;
+      function goOn() {
+        clearTimeout(timer);
+        cancelAnimationFrame(turn);
+        wakeUp();
+      }
+      function takeTurn() {
+        if (performance.now() >= due - EARLY) {
+          goOn();
+        } else {
+          turn = requestAnimationFrame(takeTurn);
+        }
+      }
+      turn = requestAnimationFrame(takeTurn);
+      if (!document.hidden) {
+        timer = setTimeout(goOn, Math.max(0, milliseconds + LATE));
+      }
+    });
+  },
+
+  page_has_focus: function () {
+    return document.activeElement === Module['canvas'] ? 1 : 0;
+  },
+
+  page_show_pointer: function (visible) {
+    Module['canvas'].style.cursor = visible ? '' : 'none';
+  },
+
+  page_show_message: function (text) {
+    alert(UTF8ToString(text));
+  },
+
+  page_open_file__deps: ['$page'],
+  page_open_file: function (name) {
+    var packed = Module['files'].get(UTF8ToString(name));
+    var stream = new Blob(packed ? [packed] : []).stream();
+    if (packed) {
+      stream = stream.pipeThrough(new DecompressionStream('gzip'));
+    }
+    page.lastFile += 1;
+    page.files[page.lastFile] = { reader: stream.getReader(), rest: new Uint8Array(0), end: false };
+    return page.lastFile;
+  },
+
+  // Unpacks as it reads: of a map there is never more in memory than what the game asked for.
+  page_read_file__deps: ['$page', '$Asyncify'],
+  page_read_file: function (number, buffer, wanted) {
+    return Asyncify.handleSleep(function (wakeUp) {
+      var file = page.files[number];
+      var count = 0;
+      function take() {
+        var part = file.rest.subarray(0, wanted - count);
+        HEAPU8.set(part, buffer + count);
+        count += part.length;
+        file.rest = file.rest.subarray(part.length);
+        if (count === wanted || file.end) {
+          wakeUp(count);
+          return;
+        }
+        file.reader.read().then(
+          function (next) {
+            file.end = next.done;
+            file.rest = next.done ? file.rest : next.value;
+            take();
+          },
+          function () {
+            file.end = true; // damaged: as long as it could be read
+            take();
+          }
+        );
+      }
+      take();
+    });
+  },
+
+  page_close_file__deps: ['$page'],
+  page_close_file: function (number) {
+    var file = page.files[number];
+    if (!file) {
+      return 0;
+    }
+    file.reader.cancel().catch(function () {});
+    delete page.files[number];
+    return 1;
+  },
+});

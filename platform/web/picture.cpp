@@ -1,0 +1,88 @@
+// From the game's picture to the canvas, 60 times a second.
+#include "platform/common/pacing.h"
+#include "platform/web/page.h"
+
+#include <emscripten.h>
+
+#include <vector>
+
+namespace tarvik {
+
+namespace {
+
+/// The picture as the canvas wants it; shown by the next swap.
+std::vector<DWORD> picture;
+int picture_width = 0;
+int picture_height = 0;
+
+constexpr DWORD OPAQUE = 0xFF000000U;
+
+/// A row of red, green, blue into a row of little-endian words.
+void convert_row(const std::uint8_t* from, DWORD* to, int width) {
+    for (int x = 0; x < width; ++x, from += 3) {
+        to[x] = OPAQUE | static_cast<DWORD>(from[2]) << 16U | static_cast<DWORD>(from[1]) << 8U |
+                from[0];
+    }
+}
+
+} // namespace
+
+void wait_for_next_picture() {
+    using Milliseconds = std::chrono::duration<double, std::milli>;
+    static PictureClock::time_point due{};
+    const PictureClock::time_point now = PictureClock::now();
+    due = next_due(due, now);
+    page_wait_for_picture(Milliseconds(due - now).count());
+}
+
+} // namespace tarvik
+
+using namespace tarvik;
+
+extern "C" {
+
+// Every picture covers the whole canvas, so there is nothing to clear.
+void glClear(GLbitfield) {}
+
+/// The only format the game uses: rows from the bottom up, red, green, blue, without padding.
+void glDrawPixels(GLsizei width, GLsizei height, GLenum, GLenum, const GLvoid* pixels) {
+    picture_width = width;
+    picture_height = height;
+    picture.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+    const auto* row = static_cast<const std::uint8_t*>(pixels);
+    for (int y = height - 1; y >= 0; --y, row += 3 * width) {
+        convert_row(row, picture.data() + y * width, width);
+    }
+}
+
+BOOL WINAPI SwapBuffers(HDC) {
+    page_show_picture(picture.data(), picture_width, picture_height);
+    wait_for_next_picture();
+    return TRUE;
+}
+
+void WINAPI Sleep(DWORD milliseconds) {
+    emscripten_sleep(milliseconds);
+}
+
+// The canvas needs neither a pixel format nor a context: any handle will do.
+int WINAPI ChoosePixelFormat(HDC, const PIXELFORMATDESCRIPTOR*) {
+    return 1;
+}
+
+BOOL WINAPI SetPixelFormat(HDC, int, const PIXELFORMATDESCRIPTOR*) {
+    return TRUE;
+}
+
+HGLRC WINAPI wglCreateContext(HDC device_context) {
+    return reinterpret_cast<HGLRC>(device_context);
+}
+
+BOOL WINAPI wglMakeCurrent(HDC, HGLRC) {
+    return TRUE;
+}
+
+BOOL WINAPI wglDeleteContext(HGLRC) {
+    return TRUE;
+}
+}

@@ -1,0 +1,213 @@
+// The page around the game: loading, starting, the end, and the size of the picture.
+//
+// What a program that looks on may rely on, besides the ids in index.html:
+//   <html data-state="...">  loading, ready (waits for the button), starting (unpacks the first
+//                            track), racing, ended (waits for the button), failed
+//   #game                    the canvas, 640 by 480 pixels; has the focus while somebody drives
+//   #start                   the button that starts the race and the next one
+//   window.tarvik.pictures   pictures shown since the race began
+'use strict';
+
+window.tarvik = { pictures: 0 };
+
+(() => {
+  const DATA = ['data/race1.map', 'data/race2.map', 'data/graphics.dat'];
+  const WIDTH = 640;
+  const HEIGHT = 480;
+
+  const element = (id) => document.getElementById(id);
+  const canvas = element('game');
+  const button = element('start');
+  const progress = element('progress');
+
+  let program = null; // WebAssembly.Module
+  let memory = null; // of the program; every race uses the same
+  const files = new Map(); // packed by gzip, by the names the game knows
+
+  class Reason extends Error {} // a failure that is told as it stands
+
+  function setState(state, title, text) {
+    document.documentElement.dataset.state = state;
+    if (title !== undefined) {
+      element('curtain-title').textContent = title;
+      element('curtain-text').textContent = text;
+    }
+    button.disabled = !(state === 'ready' || state === 'ended' || state === 'failed');
+    canvas.tabIndex = state === 'starting' || state === 'racing' ? 0 : -1;
+    showStatus();
+  }
+
+  function showStatus() {
+    const state = document.documentElement.dataset.state;
+    const texts = {
+      loading: 'Loading',
+      ready: 'Enter starts the race.',
+      starting: 'Unpacking the track',
+      racing:
+        document.activeElement === canvas
+          ? 'Escape ends the race.'
+          : 'The keys go elsewhere. Click the picture to drive on.',
+      ended: 'Enter starts the next race.',
+      failed: '',
+    };
+    element('status').textContent = texts[state];
+  }
+
+  function fail(error) {
+    console.error(error);
+    const told = error instanceof Reason;
+    const lacksMemory = error instanceof RangeError;
+    let text = told ? error.message : `The game stopped: ${error.message || error}`;
+    if (lacksMemory) {
+      text = 'The browser has not the 335 MB of memory that the game needs. Close other pages and try again.';
+    }
+    button.textContent = 'Try again';
+    setState('failed', 'That did not work', text);
+  }
+
+  // --- Loading -----------------------------------------------------------------------------------
+
+  const loaded = { bytes: 0, of: 0 };
+
+  function countBytes() {
+    return new TransformStream({
+      transform(chunk, controller) {
+        loaded.bytes += chunk.length;
+        progress.value = loaded.of > 0 ? Math.min(1, loaded.bytes / loaded.of) : 0;
+        controller.enqueue(chunk);
+      },
+    });
+  }
+
+  async function request(name) {
+    const answer = await fetch(name).catch(() => null);
+    if (!answer || !answer.ok) {
+      throw new Reason(`${name} could not be loaded. Is the server still there?`);
+    }
+    loaded.of += Number(answer.headers.get('Content-Length')) || 0;
+    return answer;
+  }
+
+  async function bytesOf(stream) {
+    return new Uint8Array(await new Response(stream).arrayBuffer());
+  }
+
+  // Some servers say of a .gz file that it is only encoded so, and the browser unpacks it: 100 MB,
+  // which are packed again as they come.
+  async function packedBytes(stream) {
+    const [look, keep] = stream.tee();
+    const reader = look.getReader();
+    const { value: first } = await reader.read();
+    reader.cancel();
+    const packed = first && first[0] === 0x1f && first[1] === 0x8b;
+    return bytesOf(packed ? keep : keep.pipeThrough(new CompressionStream('gzip')));
+  }
+
+  async function load() {
+    if (location.protocol === 'file:') {
+      throw new Reason('Browsers load games from a web server only. In a copy of the source, ./play --web starts one.');
+    }
+    if (typeof WebAssembly !== 'object') {
+      throw new Reason('The game needs WebAssembly, which this browser lacks or has switched off.');
+    }
+    if (typeof DecompressionStream !== 'function') {
+      throw new Reason('This browser is too old for the game. One from 2023 or later will do.');
+    }
+    if (typeof createTarvik !== 'function') {
+      throw new Reason('tarvik.js could not be loaded. Is the server still there?');
+    }
+    const [wasm, ...data] = await Promise.all(['tarvik.wasm', ...DATA.map((name) => `${name}.gz`)].map(request));
+    const [module, ...packed] = await Promise.all([
+      bytesOf(wasm.body.pipeThrough(countBytes())).then((bytes) => WebAssembly.compile(bytes)),
+      ...data.map((answer) => packedBytes(answer.body.pipeThrough(countBytes()))),
+    ]);
+    program = module;
+    DATA.forEach((name, i) => files.set(name, packed[i]));
+    progress.value = 1;
+    setState('ready');
+    button.focus();
+  }
+
+  // --- A race ------------------------------------------------------------------------------------
+
+  // The game never takes back what it has allocated and set, so each race is a new program. The
+  // memory under it, 335 MB, is the same one, wiped: an old one would go when the browser likes.
+  async function race() {
+    if (memory) {
+      new Uint8Array(memory.buffer).fill(0);
+    }
+    let lastWords = '';
+    const game = await createTarvik({
+      canvas,
+      files,
+      wasmMemory: memory || undefined,
+      instantiateWasm(imports, done) {
+        WebAssembly.instantiate(program, imports).then(done, fail);
+        return {};
+      },
+      print: (line) => console.log(line),
+      printErr: (line) => {
+        lastWords = line;
+        console.warn(line);
+      },
+      pictureShown() {
+        window.tarvik.pictures += 1;
+        if (document.documentElement.dataset.state === 'starting') {
+          setState('racing');
+        }
+      },
+    });
+    memory = game.wasmMemory;
+    const code = await game.ccall('main', 'number', ['number', 'number'], [0, 0], { async: true });
+    if (code !== 0) {
+      throw new Reason(lastWords);
+    }
+  }
+
+  function drivenTime() {
+    const seconds = Math.round(window.tarvik.pictures / 60);
+    const minutes = Math.floor(seconds / 60);
+    const parts = minutes > 0 ? [`${minutes} min`, `${seconds % 60} s`] : [`${seconds} s`];
+    return parts.join(' ');
+  }
+
+  async function start() {
+    if (!program) {
+      location.reload();
+      return;
+    }
+    window.tarvik.pictures = 0;
+    progress.removeAttribute('value');
+    setState('starting', 'Here we go', 'The track is being unpacked.');
+    canvas.focus();
+    try {
+      await race();
+      button.textContent = 'Race again';
+      setState('ended', 'The race is over', `You drove for ${drivenTime()}.`);
+    } catch (error) {
+      fail(error);
+    }
+    button.focus();
+  }
+
+  // --- Size --------------------------------------------------------------------------------------
+
+  // The largest whole number of screen pixels for a pixel of the game that leaves room for the
+  // words; less than one only where the window is smaller than the picture.
+  function fit() {
+    const rem = parseFloat(getComputedStyle(document.documentElement).fontSize);
+    const scale = window.devicePixelRatio || 1;
+    const beside = window.innerWidth >= 64 * rem ? 25 * rem : 3 * rem;
+    const width = (document.documentElement.clientWidth - beside) * scale;
+    const height = (window.innerHeight - 5 * rem) * scale;
+    const factor = Math.max(1, Math.floor(Math.min(width / WIDTH, height / HEIGHT)));
+    document.documentElement.style.setProperty('--width', `${(WIDTH * factor) / scale}px`);
+  }
+
+  fit();
+  window.addEventListener('resize', fit);
+  canvas.addEventListener('focus', showStatus);
+  canvas.addEventListener('blur', showStatus);
+  button.addEventListener('click', start);
+  load().catch(fail);
+})();
