@@ -6,7 +6,7 @@ if(NOT DEFINED ENV{SOURCE_DATE_EPOCH})
   message(FATAL_ERROR "SOURCE_DATE_EPOCH, the time of change of all files, is not set")
 endif()
 set(name ${CPACK_PACKAGE_FILE_NAME})
-if(name MATCHES "windows")
+if(name MATCHES "windows|web")
   set(archive ${CPACK_PACKAGE_DIRECTORY}/${name}.zip)
   set(pack "find ${name} -exec touch --no-dereference --date=@\${SOURCE_DATE_EPOCH} {} + &&
             find ${name} | sort | TZ=UTC zip -X -9 -q -@ '${archive}'")
