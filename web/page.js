@@ -40,9 +40,9 @@ window.tarvik = { pictures: 0 };
   function showStatus() {
     const state = document.documentElement.dataset.state;
     const texts = {
-      loading: 'Loading',
+      loading: '',
       ready: 'Enter starts the race.',
-      starting: 'Unpacking the track',
+      starting: '',
       racing:
         document.activeElement === canvas
           ? 'Escape ends the race.'
@@ -124,7 +124,7 @@ window.tarvik = { pictures: 0 };
     program = module;
     DATA.forEach((name, i) => files.set(name, packed[i]));
     progress.value = 1;
-    setState('ready');
+    setState('ready', 'Ready', 'Press A for the first gear, hold ↑, and drive up through the gate.');
     button.focus();
   }
 
@@ -193,15 +193,23 @@ window.tarvik = { pictures: 0 };
   // --- Size --------------------------------------------------------------------------------------
 
   // The largest whole number of screen pixels for a pixel of the game that leaves room for the
-  // words; less than one only where the window is smaller than the picture.
+  // words, and a place where screen pixels begin. Only in a window smaller than the picture is the
+  // picture made smaller.
   function fit() {
-    const rem = parseFloat(getComputedStyle(document.documentElement).fontSize);
+    const root = document.documentElement;
+    const rem = parseFloat(getComputedStyle(root).fontSize);
     const scale = window.devicePixelRatio || 1;
     const beside = window.innerWidth >= 64 * rem ? 25 * rem : 3 * rem;
-    const width = (document.documentElement.clientWidth - beside) * scale;
+    const width = (root.clientWidth - beside) * scale;
     const height = (window.innerHeight - 5 * rem) * scale;
     const factor = Math.max(1, Math.floor(Math.min(width / WIDTH, height / HEIGHT)));
-    document.documentElement.style.setProperty('--width', `${(WIDTH * factor) / scale}px`);
+    root.style.setProperty('--width', `${(WIDTH * factor) / scale}px`);
+    root.style.setProperty('--left', '0px');
+    root.style.setProperty('--top', '0px');
+    const place = canvas.getBoundingClientRect();
+    const toPixel = (at) => `${Math.round(at * scale) / scale - at}px`;
+    root.style.setProperty('--left', toPixel(place.left + window.scrollX));
+    root.style.setProperty('--top', toPixel(place.top + window.scrollY));
   }
 
   fit();
