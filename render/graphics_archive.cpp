@@ -36,9 +36,18 @@ void keep_bytes(Sprite& sprite, std::size_t bytes_read) {
     }
 }
 
-/// Takes the file to the next record. Files can only be read, not sought in.
-void skip(DataFile& archive, std::size_t bytes) {
+/// What may still be taken from the archive, bytes.
+struct Allowance {
+    std::size_t kept = MAX_PIXEL_BYTES;
+    std::size_t skipped = MAX_SKIPPED_BYTES;
+};
+
+/// Takes the file to the next record, or uses the allowance up. Files can only be read, not sought
+/// in.
+void skip(DataFile& archive, std::size_t bytes, Allowance& allowance) {
     std::uint8_t skipped[64 * 1024];
+    bytes = std::min(bytes, allowance.skipped);
+    allowance.skipped -= bytes;
     while (bytes > 0) {
         const auto wanted = static_cast<DWORD>(std::min(bytes, sizeof skipped));
         if (archive.read(skipped, wanted) < wanted) {
@@ -49,11 +58,11 @@ void skip(DataFile& archive, std::size_t bytes) {
 }
 
 /// Reads `claimed` bytes of a sprite, the first of them into memory: no more than half of what is
-/// left of the budget, so that no sprite leaves the later ones without. Lowers the budget by what
-/// the file held. All records are read, whatever the ones before them claimed: a huge start marker
+/// left of the allowance, so that no sprite leaves the later ones without. Lowers the allowance by
+/// what the file held. The records after a huge one are read all the same: a huge start marker
 /// does not cost the player the mouse pointer.
-void read_pixels(DataFile& archive, Sprite& sprite, std::size_t claimed, std::size_t& budget) {
-    const std::size_t wanted = std::min(claimed, budget / 2);
+void read_pixels(DataFile& archive, Sprite& sprite, std::size_t claimed, Allowance& allowance) {
+    const std::size_t wanted = std::min(claimed, allowance.kept / 2);
     sprite.pixel_bytes = std::max<std::size_t>(wanted, 1);
     // Zeroed by calloc, so that a huge claim costs no memory before the file backs it.
     sprite.pixels = static_cast<std::uint8_t*>(std::calloc(sprite.pixel_bytes, 1));
@@ -62,25 +71,25 @@ void read_pixels(DataFile& archive, Sprite& sprite, std::size_t claimed, std::si
         sprite.height = 0;
         sprite.bytes_per_pixel = 0;
         sprite.pixel_bytes = 0;
-        skip(archive, claimed);
+        skip(archive, claimed, allowance);
         return;
     }
     const std::size_t bytes_read = archive.read(sprite.pixels, static_cast<DWORD>(wanted));
     keep_bytes(sprite, bytes_read);
-    budget -= bytes_read;
+    allowance.kept -= bytes_read;
     if (bytes_read == wanted) {
-        skip(archive, claimed - wanted);
+        skip(archive, claimed - wanted, allowance);
     }
 }
 
-void read_sprite(DataFile& archive, Sprite& sprite, std::size_t& budget) {
+void read_sprite(DataFile& archive, Sprite& sprite, Allowance& allowance) {
     // Each field by itself: one that the end of the file cuts keeps 0 in what is missing.
     archive.read(&sprite.width, sizeof sprite.width);
     archive.read(&sprite.height, sizeof sprite.height);
     archive.read(&sprite.bytes_per_pixel, sizeof sprite.bytes_per_pixel);
     const std::int32_t claimed = claimed_bytes(sprite);
     if (claimed > 0) {
-        read_pixels(archive, sprite, static_cast<std::size_t>(claimed), budget);
+        read_pixels(archive, sprite, static_cast<std::size_t>(claimed), allowance);
     }
 }
 
@@ -91,9 +100,9 @@ void load_graphics_archive() {
     if (!archive.is_open()) {
         return;
     }
-    std::size_t budget = MAX_PIXEL_BYTES;
-    for (int i = 0; i < SPRITE_COUNT; ++i) {
-        read_sprite(archive, sprite_table[i], budget);
+    Allowance allowance;
+    for (int i = 0; i < SPRITE_COUNT && allowance.skipped > 0; ++i) {
+        read_sprite(archive, sprite_table[i], allowance);
     }
 }
 
