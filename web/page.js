@@ -53,16 +53,19 @@ window.tarvik = { pictures: 0 };
     element('status').textContent = texts[state];
   }
 
+  // The next try starts from a fresh page: what failed may have left anything behind.
   function fail(error) {
     console.error(error);
-    const told = error instanceof Reason;
-    const lacksMemory = error instanceof RangeError;
-    let text = told ? error.message : `The game stopped: ${error.message || error}`;
-    if (lacksMemory) {
-      text = 'The browser has not the 335 MB of memory that the game needs. Close other pages and try again.';
+    program = null;
+    let text = `The game stopped: ${error.message || error}`;
+    if (error instanceof Reason) {
+      text = error.message;
+    } else if (error instanceof RangeError) {
+      text = 'The browser does not give the game the 350 MB of memory it needs. Close other pages and try again.';
     }
     button.textContent = 'Try again';
     setState('failed', 'That did not work', text);
+    button.focus();
   }
 
   // --- Loading -----------------------------------------------------------------------------------
@@ -81,8 +84,11 @@ window.tarvik = { pictures: 0 };
 
   async function request(name) {
     const answer = await fetch(name).catch(() => null);
-    if (!answer || !answer.ok) {
-      throw new Reason(`${name} could not be loaded. Is the server still there?`);
+    if (!answer) {
+      throw new Reason(`${name} could not be loaded: the server does not answer.`);
+    }
+    if (!answer.ok) {
+      throw new Reason(`${name} could not be loaded: the server says ${answer.status}.`);
     }
     loaded.of += Number(answer.headers.get('Content-Length')) || 0;
     return answer;
@@ -114,7 +120,7 @@ window.tarvik = { pictures: 0 };
       throw new Reason('This browser is too old for the game. One from 2023 or later will do.');
     }
     if (typeof createTarvik !== 'function') {
-      throw new Reason('tarvik.js could not be loaded. Is the server still there?');
+      throw new Reason('tarvik.js could not be loaded.');
     }
     const [wasm, ...data] = await Promise.all(['tarvik.wasm', ...DATA.map((name) => `${name}.gz`)].map(request));
     const [module, ...packed] = await Promise.all([
@@ -131,7 +137,7 @@ window.tarvik = { pictures: 0 };
   // --- A race ------------------------------------------------------------------------------------
 
   // The game never takes back what it has allocated and set, so each race is a new program. The
-  // memory under it, 335 MB, is the same one, wiped: an old one would go when the browser likes.
+  // memory under it, 350 MB, is the same one, wiped: an old one would go when the browser likes.
   async function race() {
     if (memory) {
       new Uint8Array(memory.buffer).fill(0);
@@ -184,10 +190,10 @@ window.tarvik = { pictures: 0 };
       await race();
       button.textContent = 'Race again';
       setState('ended', 'The race is over', `You drove for ${drivenTime()}.`);
+      button.focus();
     } catch (error) {
       fail(error);
     }
-    button.focus();
   }
 
   // --- Size --------------------------------------------------------------------------------------

@@ -7,8 +7,10 @@
 
 #include <emscripten/html5.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
+#include <iterator>
 
 namespace tarvik {
 
@@ -25,30 +27,14 @@ DWORD now() {
 
 /// Keys whose meaning for the browser (scrolling, help, search) the player of this game does not
 /// want; the browser keeps all others, and these together with Ctrl, Alt or Meta.
-bool is_key_of_game(int virtual_key) {
-    switch (virtual_key) {
-    case VK_LEFT:
-    case VK_UP:
-    case VK_RIGHT:
-    case VK_DOWN:
-    case VK_ESCAPE:
-    case VK_F1:
-    case VK_F2:
-    case VK_OEM_4:
-    case VK_OEM_6:
-    case 'A':
-    case 'Z':
-    case '1':
-    case '2':
-    case '3':
-        return true;
-    default:
-        return false;
-    }
+bool is_key_of_game(WPARAM virtual_key) {
+    constexpr WPARAM KEYS[] = {VK_LEFT,  VK_UP,    VK_RIGHT, VK_DOWN, VK_ESCAPE, VK_F1, VK_F2,
+                               VK_OEM_4, VK_OEM_6, 'A',      'Z',     '1',       '2',   '3'};
+    return std::find(std::begin(KEYS), std::end(KEYS), virtual_key) != std::end(KEYS);
 }
 
-/// The key's character; 0 for a key such as "ArrowUp" and for what lies beyond ASCII but counts as
-/// a sign, which is all that is asked of such a one.
+/// The character of an event's `key`, 0 where that is a name such as "ArrowUp". All that counts of
+/// one beyond ASCII is that it is none of ours.
 std::uint32_t character_of(const char* key) {
     const auto first = static_cast<std::uint8_t>(key[0]);
     return std::strlen(key) == 1 ? first : first >= 0x80 ? 0xFFFFU : 0U;
@@ -74,8 +60,7 @@ EM_BOOL on_key(int type, const EmscriptenKeyboardEvent* event, void*) {
         return EM_FALSE;
     }
     queue.append_input(message);
-    return is_key_of_game(static_cast<int>(message.wparam)) && !event->ctrlKey && !event->altKey &&
-           !event->metaKey;
+    return is_key_of_game(message.wparam) && !event->ctrlKey && !event->altKey && !event->metaKey;
 }
 
 /// What happens to the keys while another window has the keyboard, nobody tells: they count as

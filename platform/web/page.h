@@ -27,9 +27,6 @@ int page_has_focus();
 /// Shows or hides the pointer over the canvas.
 void page_show_pointer(int visible);
 
-/// Shows a message until the player has read it.
-void page_show_message(const char* text);
-
 /// Opens a file for reading; one that the page has not got is empty. Never 0.
 int page_open_file(const char* name);
 

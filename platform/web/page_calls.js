@@ -59,10 +59,6 @@ mergeInto(LibraryManager.library, {
     Module['canvas'].style.cursor = visible ? '' : 'none';
   },
 
-  page_show_message: function (text) {
-    alert(UTF8ToString(text));
-  },
-
   page_open_file__deps: ['$page'],
   page_open_file: function (name) {
     var packed = Module['files'].get(UTF8ToString(name));

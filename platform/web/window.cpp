@@ -2,6 +2,8 @@
 #include "platform/web/input.h"
 #include "platform/web/page.h"
 
+#include <cstdio>
+
 namespace {
 
 constexpr int CANVAS_WIDTH = 640;
@@ -78,8 +80,9 @@ int WINAPI ShowCursor(BOOL show) {
     return show != FALSE ? 0 : -1;
 }
 
+/// Into the browser's console: a message that the player has to answer would stop the page.
 int WINAPI MessageBoxA(HWND, LPCSTR text, LPCSTR, UINT) {
-    page_show_message(text);
+    std::fprintf(stderr, "%s\n", text);
     return 1;
 }
 }

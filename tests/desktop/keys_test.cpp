@@ -57,6 +57,22 @@ TEST(Keys, LettersOfAnotherAlphabetKeepTheUsPlaces) {
     EXPECT_EQ(plain_key(PLACE_LEFT_BRACKET, 0x445), VK_OEM_4);
 }
 
+TEST(Keys, TheBrowsersNamesLeadToTheSamePlaces) {
+    EXPECT_EQ(place_of_web_code("KeyA"), PLACE_A);
+    EXPECT_EQ(place_of_web_code("Digit0"), PLACE_0);
+    EXPECT_EQ(place_of_web_code("BracketRight"), PLACE_RIGHT_BRACKET);
+    EXPECT_EQ(place_of_web_code("F10"), PLACE_F10);
+    EXPECT_EQ(place_of_web_code("Numpad4"), PLACE_KEYPAD_4);
+    EXPECT_EQ(place_of_web_code("AltLeft"), PLACE_LEFT_ALT);
+    EXPECT_EQ(place_of_web_code("AudioVolumeUp"), 0);
+    EXPECT_EQ(place_of_web_code(""), 0);
+    std::set<std::string_view> names;
+    for (const Key& key : all_keys()) {
+        names.insert(key.web_code);
+    }
+    EXPECT_EQ(names.size(), all_keys().size() - 1) << "two places share Backslash, no others";
+}
+
 TEST(Keys, TheKeypadSteersWhileNumLockIsOff) {
     EXPECT_EQ(virtual_key_of(PLACE_KEYPAD_4, 0, false), VK_LEFT);
     EXPECT_EQ(virtual_key_of(PLACE_KEYPAD_4, 0, true), VK_NUMPAD4);
