@@ -10,6 +10,7 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 option(TARVIK_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+option(TARVIK_FUZZ "Build the fuzzers, and everything under the same sanitizers; clang only" OFF)
 
 add_library(tarvik_options INTERFACE)
 add_library(tarvik::options ALIAS tarvik_options)
@@ -36,5 +37,13 @@ endif()
 if(TARVIK_SANITIZE)
   target_compile_options(tarvik_options INTERFACE -fsanitize=address,undefined
                                                   -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(tarvik_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(TARVIK_FUZZ)
+  # Not in the undefined group: a float that fits no integer.
+  target_compile_options(
+    tarvik_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined,float-cast-overflow
+                             -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(tarvik_options INTERFACE -fsanitize=address,undefined)
 endif()

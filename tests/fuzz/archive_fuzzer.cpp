@@ -1,0 +1,199 @@
+// Graphics archives of any content, and every sprite drawn at and beyond every edge and corner of
+// the view; what is drawn is compared with the plainest drawing there is.
+#include "platform/scripted/scripted.h"
+#include "render/frame_buffer.h"
+#include "render/graphics_archive.h"
+#include "render/presentation.h"
+#include "render/sprite.h"
+#include "render/sprite_drawing.h"
+#include "shell/input.h"
+#include "tests/fuzz/fuzz_game.h"
+#include "tests/support/program.h"
+
+#include <algorithm>
+#include <array>
+#include <fuzzer/FuzzedDataProvider.h>
+#include <limits>
+
+namespace tarvik::fuzz {
+
+namespace {
+
+using Input = FuzzedDataProvider;
+using DrawSprite = void (*)(std::int32_t, std::int32_t, std::int32_t);
+
+constexpr std::int32_t LEAST = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t MOST = std::numeric_limits<std::int32_t>::max();
+
+std::int32_t some_size(Input& input) {
+    constexpr std::int32_t SIZES[] = {1,     3,     16,      26754,    32768, 37838, 46340,
+                                      46341, 65536, 1 << 30, MOST - 1, MOST,  LEAST, -1};
+    switch (input.ConsumeIntegralInRange(0, 3)) {
+    case 0:
+        return input.PickValueInArray(SIZES);
+    case 1:
+        return input.ConsumeIntegral<std::int32_t>();
+    default:
+        return input.ConsumeIntegralInRange(0, 400);
+    }
+}
+
+test::Image some_image(Input& input) {
+    test::Image image{input.ConsumeIntegralInRange(0, SPRITE_COUNT - 1),
+                      some_size(input),
+                      input.ConsumeBool() ? some_size(input) : 0,
+                      input.ConsumeBool() ? 3 : some_size(input),
+                      {}};
+    if (image.height == 0) {
+        image.height = image.width;
+    }
+    const auto some =
+        input.ConsumeBytes<std::uint8_t>(input.ConsumeIntegralInRange<std::size_t>(0, 300));
+    const auto count = input.ConsumeIntegral<std::uint16_t>();
+    for (std::size_t i = 0; i < count && !some.empty(); ++i) {
+        image.bytes.push_back(some[i % some.size()]);
+    }
+    return image;
+}
+
+/// The input as it stands, or an archive of a few images with whatever they claim, and cut short.
+std::vector<std::uint8_t> some_archive(Input& input) {
+    if (input.ConsumeIntegralInRange(0, 3) == 0) {
+        return input.ConsumeRemainingBytes<std::uint8_t>();
+    }
+    std::vector<test::Image> images;
+    for (int count = input.ConsumeIntegralInRange(0, 4); count > 0; --count) {
+        images.push_back(some_image(input));
+    }
+    std::vector<std::uint8_t> bytes = test::archive_of(images);
+    if (input.ConsumeBool()) {
+        bytes.resize(input.ConsumeIntegralInRange<std::size_t>(0, bytes.size()));
+    }
+    return bytes;
+}
+
+std::int32_t product(const Sprite& sprite) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(sprite.width) *
+                                     static_cast<std::uint32_t>(sprite.height) *
+                                     static_cast<std::uint32_t>(sprite.bytes_per_pixel));
+}
+
+void load(std::vector<std::uint8_t> archive) {
+    const std::size_t file_bytes = archive.size();
+    scripted::memory_files["data/graphics.dat"].bytes = std::move(archive);
+    release_sprite_table();
+    create_sprite_table();
+    load_graphics_archive();
+    std::size_t held = 0;
+    std::size_t pictures = 0;
+    for (int n = 0; n < SPRITE_COUNT; ++n) {
+        const Sprite& sprite = sprite_table[n];
+        require((sprite.pixels != nullptr) == (product(sprite) > 0), "pixels of an empty sprite");
+        require(sprite.pixels == nullptr
+                    ? sprite.pixel_bytes == 0
+                    : sprite.pixel_bytes <= static_cast<std::size_t>(product(sprite)),
+                "more pixels than claimed");
+        held += sprite.pixel_bytes;
+        pictures += sprite.pixels != nullptr ? 1 : 0;
+    }
+    // Each may be rounded up to a whole pixel.
+    require(held <= std::min(MAX_PIXEL_BYTES, file_bytes) + 3 * pictures, "more held than read");
+}
+
+std::int64_t pixels_held(const Sprite& sprite) {
+    return static_cast<std::int64_t>(sprite.pixel_bytes / 3);
+}
+
+std::uint32_t colour_of(const std::uint8_t* pixel) {
+    return std::uint32_t{pixel[0]} | std::uint32_t{pixel[1]} << 8U | std::uint32_t{pixel[2]} << 16U;
+}
+
+/// Draws pixel by pixel, in the order of the file, into a picture of words, and compares.
+void compare_drawing(DrawSprite draw, std::int32_t x, std::int32_t y, std::int32_t n) {
+    clear_frame();
+    draw(x, y, n);
+
+    static std::array<std::uint32_t, std::size_t{LOGICAL_WIDTH} * LOGICAL_HEIGHT> expected;
+    expected.fill(0);
+    const Sprite& sprite = sprite_table[n];
+    const bool clamped = draw == draw_sprite_clamped;
+    for (std::int64_t i = 0; i < pixels_held(sprite) && i / sprite.width < sprite.width; ++i) {
+        const std::uint32_t colour = colour_of(sprite.pixels + 3 * i);
+        std::int64_t at_x = x + i % sprite.width;
+        std::int64_t at_y = y + i / sprite.width;
+        if (clamped) {
+            at_x = std::max<std::int64_t>(at_x, 0);
+            at_y = std::max<std::int64_t>(at_y, 0);
+        }
+        if (colour != 0 && at_x >= 0 && at_x < LOGICAL_WIDTH && at_y >= 0 &&
+            at_y < LOGICAL_HEIGHT) {
+            expected[static_cast<std::size_t>(at_y * LOGICAL_WIDTH + at_x)] = colour;
+        }
+    }
+    const std::uint32_t* wanted = expected.data();
+    for (std::int32_t row = 0; row < LOGICAL_HEIGHT; ++row) {
+        for (std::int32_t column = 0; column < LOGICAL_WIDTH; ++column, ++wanted) {
+            require(colour_of(pixel_at(2 * column, 2 * row)) == *wanted,
+                    "a pixel differs from the plain drawing's");
+        }
+    }
+}
+
+void draw_at_all_edges(std::int32_t n) {
+    const std::int32_t side = std::clamp(sprite_table[n].width, 1, 1 << 20);
+    const std::int32_t xs[] = {LEAST,      LEAST + 1, -7607, -side, 1 - side, -1,          0,   1,
+                               320 - side, 319,       320,   2392,  65535,    MOST - side, MOST};
+    const std::int32_t ys[] = {LEAST,      LEAST + 1, -7607, -side, 1 - side, -1,          0,   1,
+                               240 - side, 239,       240,   2392,  65535,    MOST - side, MOST};
+    for (const std::int32_t x : xs) {
+        for (const std::int32_t y : ys) {
+            draw_sprite(x, y, n);
+            draw_sprite_clamped(x, y, n);
+        }
+    }
+}
+
+void draw_sprites(Input& input) {
+    std::int64_t left = 20000; // pixels of sprites, so that no input takes long
+    for (std::int32_t n = 0; n < SPRITE_COUNT; ++n) {
+        if (sprite_table[n].width <= 0 || left < 0) {
+            continue;
+        }
+        left -= pixels_held(sprite_table[n]) + 100;
+        draw_at_all_edges(n);
+        const auto place = [&] {
+            return input.ConsumeBool() ? input.ConsumeIntegralInRange(-400, 400)
+                                       : input.ConsumeIntegral<std::int32_t>();
+        };
+        const std::int32_t x = place();
+        const std::int32_t y = place();
+        compare_drawing(draw_sprite, x, y, n);
+        compare_drawing(draw_sprite_clamped, x, y, n);
+    }
+    for (const std::int32_t n : {LEAST, -1, SPRITE_COUNT, MOST}) {
+        draw_sprite(0, 0, n);
+        draw_sprite_clamped(0, 0, n);
+    }
+}
+
+} // namespace
+
+} // namespace tarvik::fuzz
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    tarvik::fuzz::start_game();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace tarvik;
+    using namespace tarvik::fuzz;
+    reset_game();
+    FuzzedDataProvider input(data, size);
+    mouse_x = input.ConsumeIntegral<std::uint16_t>();
+    mouse_y = input.ConsumeIntegral<std::uint16_t>();
+    load(some_archive(input));
+    draw_sprites(input);
+    run_frame();
+    return 0;
+}

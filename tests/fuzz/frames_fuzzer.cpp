@@ -1,0 +1,204 @@
+// Whole frames on a hostile track: any messages, any keys, the car anywhere that driving can bring
+// it, all switches, sprites of any claim under the marker and the pointer.
+#include "platform/driver.h"
+#include "platform/scripted/scripted.h"
+#include "race/laps.h"
+#include "race/race_state.h"
+#include "race/random.h"
+#include "render/graphics_archive.h"
+#include "render/presentation.h"
+#include "render/sprite.h"
+#include "render/sprite_drawing.h"
+#include "shell/input.h"
+#include "tests/fuzz/fuzz_game.h"
+#include "tests/support/invariants.h"
+#include "tests/support/program.h"
+
+#include <cmath>
+#include <fuzzer/FuzzedDataProvider.h>
+
+namespace tarvik::fuzz {
+
+namespace {
+
+using Input = FuzzedDataProvider;
+
+constexpr int FRAMES = 48;        // of an input, at most
+constexpr int TRACK_SWITCHES = 2; // likewise; each refills 240 MB
+
+constexpr WPARAM GAME_KEYS[] = {VK_UP, VK_DOWN, VK_LEFT, VK_RIGHT, 'A',   'Z',
+                                '1',   '2',     '3',     VK_F1,    VK_F2, VK_ESCAPE};
+constexpr UINT MESSAGES[] = {WM_DESTROY,     WM_CLOSE,     WM_KEYDOWN,     WM_KEYUP,
+                             WM_SYSCOMMAND,  WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_LBUTTONUP,
+                             WM_RBUTTONDOWN, WM_RBUTTONUP, WM_MBUTTONDOWN, WM_MBUTTONUP};
+
+/// Somewhere on the grid, near one of its places that matter, or as far off as a car can get.
+float coordinate(Input& input) {
+    constexpr float FARTHEST = 67108864.0F;
+    constexpr float PLACES[] = {
+        0.0F, 160.0F, 9840.0F, 9880.0F, 10000.0F, 2400.0F, BOX_TOP + BOX_SIZE, -FARTHEST / 2};
+    switch (input.ConsumeIntegralInRange(0, 3)) {
+    case 0:
+        return input.ConsumeFloatingPointInRange(0.0F, 9999.99F);
+    case 1:
+        return input.ConsumeFloatingPointInRange(-FARTHEST, FARTHEST);
+    default:
+        return input.PickValueInArray(PLACES) + input.ConsumeFloatingPointInRange(-14.0F, 14.0F);
+    }
+}
+
+void place_car(Input& input) {
+    const int p = PLAYER_SLOT;
+    if (input.ConsumeBool()) {
+        car_x[p] = coordinate(input);
+        car_y[p] = coordinate(input);
+    } else { // at the start/finish box, where a lap may be complete
+        car_x[p] = 2400.0F + input.ConsumeFloatingPointInRange(-9.0F, 9.0F);
+        car_y[p] = 2400.0F + input.ConsumeFloatingPointInRange(-9.0F, 9.0F);
+        cycle[p] = input.ConsumeBool() ? MIN_LAP_FRAMES + 1 : 0;
+    }
+    heading[p] = input.ConsumeFloatingPointInRange(-720.0F, 720.0F);
+    speed[p] = input.ConsumeFloatingPointInRange(0.0F, 3.3033F);
+    gear[p] = input.ConsumeIntegralInRange(0, TOP_GEAR);
+}
+
+void set_steering(Input& input) {
+    heading[PLAYER_SLOT] = input.ConsumeFloatingPointInRange(-134217728.0F, 134217728.0F);
+    steer_count[PLAYER_SLOT] = input.ConsumeIntegralInRange(0, 40);
+    frames_since_steer[PLAYER_SLOT] = input.ConsumeIntegralInRange(0, 1);
+}
+
+void set_lap(Input& input) {
+    const int p = PLAYER_SLOT;
+    cycle[p] = input.ConsumeBool() ? input.ConsumeIntegralInRange(2, 990001)
+                                   : input.PickValueInArray({0, 2, 299, 300, 301, 990000, 990001});
+    penalty[p] = std::trunc(input.ConsumeFloatingPointInRange(0.0F, 16777216.0F));
+    last_cycle[p] = 0;
+    best_cycle[p] = input.ConsumeIntegralInRange(301, BEST_CYCLE_NONE);
+}
+
+void paint_something(Input& input) {
+    const auto x = static_cast<std::int32_t>(coordinate(input));
+    const auto y = static_cast<std::int32_t>(coordinate(input));
+    const std::int32_t width = input.ConsumeIntegral<std::uint8_t>();
+    const std::int32_t height = input.ConsumeIntegral<std::uint8_t>();
+    paint(x, y, width, height, input.ConsumeIntegral<std::uint8_t>());
+}
+
+void put_map_file(Input& input) {
+    scripted::File& file =
+        scripted::memory_files[input.ConsumeBool() ? "data/race1.map" : "data/race2.map"];
+    file.bytes = input.ConsumeBytes<std::uint8_t>(input.ConsumeIntegralInRange<std::size_t>(0, 64));
+    file.bytes.resize(file.bytes.size() * input.ConsumeIntegralInRange<std::size_t>(0, 2000),
+                      input.ConsumeIntegral<std::uint8_t>());
+    file.read_only = input.ConsumeIntegralInRange(0, 7) == 0;
+    scripted::memory_folder_exists = input.ConsumeIntegralInRange(0, 7) != 0;
+    mark_loaded(file.bytes.size());
+}
+
+test::Image some_image(Input& input, int number) {
+    const auto size = [&] {
+        return input.ConsumeBool() ? input.ConsumeIntegralInRange(1, 40)
+                                   : input.ConsumeIntegral<std::int32_t>();
+    };
+    test::Image image{number, size(), size(), size(), {}};
+    image.bytes.assign(input.ConsumeIntegral<std::uint16_t>(),
+                       input.ConsumeIntegral<std::uint8_t>());
+    return image;
+}
+
+void load_sprites(Input& input) {
+    scripted::memory_files["data/graphics.dat"].bytes =
+        test::archive_of({some_image(input, START_MARKER_IMAGE), some_image(input, CURSOR_IMAGE)});
+    release_sprite_table();
+    create_sprite_table();
+    load_graphics_archive();
+}
+
+void post_any_message(Input& input) {
+    const UINT message =
+        input.ConsumeBool() ? input.PickValueInArray(MESSAGES) : input.ConsumeIntegral<UINT>();
+    const WPARAM wparam = input.ConsumeBool() ? input.ConsumeIntegralInRange<WPARAM>(0, 300)
+                                              : input.ConsumeIntegral<WPARAM>();
+    post_message(message, wparam, input.ConsumeIntegral<LPARAM>());
+}
+
+/// Rarely, as a switch takes as long as a hundred frames.
+void switch_track(Input& input) {
+    if (input.ConsumeIntegral<std::uint8_t>() == 1) {
+        post_message(WM_KEYDOWN, input.ConsumeBool() ? VK_OEM_4 : VK_OEM_6, 0);
+    }
+}
+
+/// What happens before the next frame.
+void act(Input& input) {
+    switch (input.ConsumeIntegralInRange(0, 15)) {
+    case 0:
+        return post_any_message(input);
+    case 1:
+        return post_message(WM_MOUSEMOVE, 0, input.ConsumeIntegral<LPARAM>());
+    case 2:
+        return scripted::hold_key(input.ConsumeIntegral<std::uint8_t>(), input.ConsumeBool());
+    case 3:
+        return place_car(input);
+    case 4:
+        return set_steering(input);
+    case 5:
+        return set_lap(input);
+    case 6:
+        return paint_something(input);
+    case 7:
+        return put_map_file(input);
+    case 8:
+        return switch_track(input);
+    case 9:
+    case 10:
+        return post_message(WM_KEYUP, input.PickValueInArray(GAME_KEYS), 0);
+    default:
+        return post_message(WM_KEYDOWN, input.PickValueInArray(GAME_KEYS), 0);
+    }
+}
+
+void drive(Input& input) {
+    int switches = 0;
+    for (int frame = 0; frame < FRAMES && quit_requested == 0 && switches < TRACK_SWITCHES &&
+                        input.remaining_bytes() > 0;) {
+        act(input);
+        for (int count = input.ConsumeIntegralInRange(0, 3); count > 0 && quit_requested == 0;
+             --count, ++frame) {
+            run_frame();
+            if (is_down(VK_OEM_4) || is_down(VK_OEM_6)) {
+                ++switches;
+                break;
+            }
+        }
+    }
+}
+
+} // namespace
+
+} // namespace tarvik::fuzz
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    tarvik::fuzz::start_game();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace tarvik;
+    using namespace tarvik::fuzz;
+    reset_game();
+    FuzzedDataProvider input(data, size);
+    tarvik::srand(input.ConsumeIntegral<std::uint32_t>());
+    difficulty = input.ConsumeIntegralInRange(EASY, ADVANCED);
+    if (input.ConsumeIntegralInRange(0, 3) == 0) {
+        load_sprites(input);
+    }
+    drive(input);
+    if (quit_requested != 0) { // as the program ends
+        clear_frame();
+        present_frame();
+    }
+    require(test::Invariants::is_picture_whole(), "a logical pixel is not of one colour");
+    return 0;
+}

@@ -1,0 +1,157 @@
+// Starting the game once and undoing what an input did.
+#include "tests/fuzz/fuzz_game.h"
+
+#include "platform/scripted/scripted.h"
+#include "race/race_frame.h"
+#include "race/race_state.h"
+#include "race/random.h"
+#include "race/track_grid.h"
+#include "race/view.h"
+#include "shell/input.h"
+#include "shell/start_up.h"
+#include "tests/support/invariants.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+
+namespace tarvik::fuzz {
+
+namespace {
+
+/// Cells of the grid, by index, that are no longer as in the base map.
+struct Range {
+    std::size_t first;
+    std::size_t count;
+};
+std::vector<Range> changed_cells;
+
+/// Entries of the ghost laps that were recorded.
+std::vector<std::int32_t> recorded_entries;
+
+test::Invariants* invariants = nullptr;
+
+long frames_driven = 0;
+
+void print_frames() {
+    std::fprintf(stderr, "frames driven: %ld\n", frames_driven);
+}
+
+void restore_grid() {
+    for (const Range& range : changed_cells) {
+        std::memcpy(track_grid + range.first, base_map().data() + range.first, range.count);
+    }
+    changed_cells.clear();
+}
+
+void restore_ghosts() {
+    for (const std::int32_t entry : recorded_entries) {
+        for (int slot = PLAYER_SLOT; slot <= LAST_GHOST_SLOT; ++slot) {
+            ghost_x[slot][entry] = GHOST_NOWHERE;
+            ghost_y[slot][entry] = GHOST_NOWHERE;
+            ghost_heading[slot][entry] = GHOST_NO_HEADING;
+        }
+    }
+    recorded_entries.clear();
+}
+
+void restore_input() {
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+    }
+    for (int key = 0; key < KEY_TABLE_SIZE; ++key) {
+        scripted::hold_key(key, false);
+    }
+    std::fill_n(key_down, KEY_TABLE_SIZE, 0);
+    mouse_x = 0;
+    mouse_y = 0;
+    quit_requested = 0;
+}
+
+} // namespace
+
+void fail(const std::string& what) {
+    std::fprintf(stderr, "finding: %s\n", what.c_str());
+    std::abort();
+}
+
+const std::vector<std::uint8_t>& base_map() {
+    static const std::vector<std::uint8_t> map = [] {
+        constexpr std::int32_t FIELD = 128; // cells to a side
+        std::vector<std::uint8_t> cells(TRACK_MAP_BYTES);
+        std::size_t index = 0;
+        for (std::int32_t y = 0; y < TRACK_HEIGHT; ++y) {
+            for (std::int32_t x = 0; x < TRACK_WIDTH; ++x, ++index) {
+                // Start and start/finish box are road.
+                const bool grass = (x / FIELD * 7 + y / FIELD * 3) % 5 == 1;
+                cells[index] = grass ? CELL_OFF_TRACK : 0;
+            }
+        }
+        return cells;
+    }();
+    return map;
+}
+
+void start_game() {
+    scripted::use_memory_files = true;
+    start_up();
+    static test::Invariants watch;
+    invariants = &watch;
+    mark_loaded(TRACK_MAP_BYTES);
+    reset_game();
+    std::atexit(print_frames);
+}
+
+void reset_game() {
+    restore_grid();
+    restore_ghosts();
+    restore_input();
+    scripted::memory_files.clear();
+    scripted::memory_folder_exists = true;
+    reset_car();
+    best_cycle[PLAYER_SLOT] = BEST_CYCLE_NONE;
+    std::fill_n(steer_history, STEER_HISTORY_SIZE, 0.0F);
+    difficulty = ADVANCED;
+    race_number = 1;
+    view_x = 0;
+    view_y = 0;
+    tarvik::srand(1);
+}
+
+void paint(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height,
+           std::uint8_t value) {
+    const std::int32_t right = std::min(left + width, TRACK_WIDTH);
+    const std::int32_t bottom = std::min(top + height, TRACK_HEIGHT);
+    left = std::max(left, 0);
+    for (std::int32_t y = std::max(top, 0); y < bottom && left < right; ++y) {
+        const Range row{static_cast<std::size_t>(y) * TRACK_WIDTH + static_cast<std::size_t>(left),
+                        static_cast<std::size_t>(right - left)};
+        std::memset(track_grid + row.first, value, row.count);
+        changed_cells.push_back(row);
+    }
+}
+
+void mark_loaded(std::size_t cells) {
+    changed_cells.push_back({0, std::min<std::size_t>(cells, TRACK_MAP_BYTES)});
+}
+
+void run_frame() {
+    constexpr std::uint64_t ALL_WAITS_MS = 400 + 300 + 300 + 300; // F1, F2, A, Z
+    const std::uint64_t slept_before = scripted::slept_ms;
+    if (cycle[PLAYER_SLOT] > 0) {
+        recorded_entries.push_back(cycle[PLAYER_SLOT]);
+    }
+    const std::clock_t start = std::clock();
+    race_frame();
+    ++frames_driven;
+    const std::clock_t taken = std::clock() - start;
+    if (const std::string fault = invariants->fault(); !fault.empty()) {
+        fail(fault);
+    }
+    require(scripted::slept_ms - slept_before <= ALL_WAITS_MS, "a frame waits too long");
+    require(taken <= CLOCKS_PER_SEC, "a frame takes more than a second");
+}
+
+} // namespace tarvik::fuzz
