@@ -2,6 +2,7 @@
 #include "platform/desktop/close_signals.h"
 
 #include <csignal>
+#include <initializer_list>
 
 namespace tarvik {
 
@@ -13,14 +14,26 @@ extern "C" void note_close_signal(int) {
     close_signal_came = 1;
 }
 
+// A signal that whoever started the program has it ignore (nohup does so with SIGHUP, a shell with
+// the SIGINT of a background job) stays ignored.
+void watch(int signal) {
+    struct sigaction action {};
+    sigaction(signal, nullptr, &action);
+    if (action.sa_handler == SIG_IGN) {
+        return;
+    }
+    action = {};
+    action.sa_handler = note_close_signal;
+    action.sa_flags = SA_RESTART;
+    sigaction(signal, &action, nullptr);
+}
+
 } // namespace
 
 void watch_close_signals() {
-    struct sigaction action {};
-    action.sa_handler = note_close_signal;
-    action.sa_flags = SA_RESTART;
-    sigaction(SIGINT, &action, nullptr);
-    sigaction(SIGTERM, &action, nullptr);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        watch(signal);
+    }
 }
 
 bool take_close_signal() {

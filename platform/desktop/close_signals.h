@@ -1,9 +1,9 @@
-// Ctrl+C and SIGTERM, kept until the game can be asked to close.
+// Ctrl+C, SIGTERM and a terminal that hangs up, kept until the game can be asked to close.
 #pragma once
 
 namespace tarvik {
 
-/// From here on the two signals no longer end the program but are noted.
+/// From here on these signals no longer end the program but are noted.
 void watch_close_signals();
 
 /// Whether a signal came since the last call.

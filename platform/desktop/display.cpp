@@ -2,6 +2,8 @@
 #include "platform/desktop/display.h"
 
 #include "platform/desktop/close_signals.h"
+#include "platform/desktop/standard_streams.h"
+#include "platform/desktop/x11_errors.h"
 #include "platform/desktop/x11_keyboard.h"
 
 #include <SDL.h>
@@ -98,7 +100,9 @@ void choose_key_source() {
 } // namespace
 
 void open_display_or_exit() {
+    secure_standard_streams();
     watch_close_signals();
+    watch_x11_errors();
     set_hints();
     SDL_SetMainReady();
     // SDL keeps the screen saver away, as the game does on Windows by swallowing its command.

@@ -4,6 +4,7 @@
 #include "platform/common/keys.h"
 #include "platform/desktop/close_signals.h"
 #include "platform/desktop/mouse_messages.h"
+#include "platform/desktop/x11_errors.h"
 #include "platform/desktop/x11_keyboard.h"
 
 #include <SDL.h>
@@ -71,6 +72,10 @@ void translate(std::span<const SDL_Event> from_event_on, MessageQueue& queue) {
         // An X event, in front of the events that SDL makes of it.
         const XEvent& x_event = event.syswm.msg->msg.x11.event;
         mouse_leaves = x_event.type == LeaveNotify;
+        if (x_event.type == DestroyNotify) {
+            note_x11_window_lost(x_event.xdestroywindow.window);
+            break;
+        }
         KeyChange change{};
         wanted = read_x11_key_event(x_event, change) && key_message(change, message);
         break;

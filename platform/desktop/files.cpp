@@ -24,18 +24,17 @@ int descriptor_of(HANDLE handle) {
 int open_flags(DWORD access) {
     const bool writes = (access & FILE_WRITE_DATA) != 0;
     const bool reads = (access & FILE_READ_DATA) != 0;
-    return (writes ? (reads ? O_RDWR : O_WRONLY) : O_RDONLY) | O_CLOEXEC;
+    // Nothing that has come in a file's place may make the game wait or become its terminal.
+    return (writes ? (reads ? O_RDWR : O_WRONLY) : O_RDONLY) | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
 }
 
-// Folders and devices are no files. And a file that nobody may write is read-only to root too, to
-// whom the kernel would give it all the same.
-bool may_be_used(int descriptor, DWORD access) {
-    struct stat status {};
-    if (fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
-        return false;
-    }
+// Folders, pipes and devices are no files. And what nobody may read or write is closed to root too,
+// to whom the kernel would open it all the same.
+bool may_be_used(const struct stat& status, DWORD access) {
+    const bool readable = (status.st_mode & (S_IRUSR | S_IRGRP | S_IROTH)) != 0;
     const bool writable = (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) != 0;
-    return writable || (access & FILE_WRITE_DATA) == 0;
+    return S_ISREG(status.st_mode) && (readable || (access & FILE_READ_DATA) == 0) &&
+           (writable || (access & FILE_WRITE_DATA) == 0);
 }
 
 } // namespace
@@ -50,12 +49,14 @@ HANDLE WINAPI CreateFileA(LPCSTR name, DWORD access, DWORD, LPSECURITY_ATTRIBUTE
     std::string path(name);
     std::ranges::replace(path, '\\', '/');
 
-    int descriptor = open(path.c_str(), open_flags(access));
-    if (descriptor >= 0 && !may_be_used(descriptor, access)) {
-        close(descriptor);
-        return INVALID_HANDLE_VALUE;
-    }
-    if (descriptor < 0 && errno == ENOENT && disposition == OPEN_ALWAYS) {
+    // Looked at before it is opened: merely opening a device can set it going.
+    struct stat status {};
+    int descriptor = -1;
+    if (stat(path.c_str(), &status) == 0) {
+        if (may_be_used(status, access)) {
+            descriptor = open(path.c_str(), open_flags(access));
+        }
+    } else if (errno == ENOENT && disposition == OPEN_ALWAYS) {
         constexpr mode_t EVERYBODY = 0666; // less what the user's umask takes away
         descriptor = open(path.c_str(), open_flags(access) | O_CREAT, EVERYBODY);
     }
