@@ -3,6 +3,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <initializer_list>
 #include <thread>
 
 #include <fcntl.h>
@@ -23,6 +24,9 @@ void redirect(int descriptor, const std::filesystem::path& file) {
 [[noreturn]] void become(const std::vector<std::string>& command,
                          const ChildProcess::Options& options) {
     prctl(PR_SET_PDEATHSIG, SIGKILL); // leave nothing behind when the test itself is killed
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) {
+        std::signal(signal, SIG_DFL); // whatever the test itself was told to ignore
+    }
     for (const auto& [name, value] : options.environment) {
         if (value.empty()) {
             unsetenv(name.c_str());

@@ -26,6 +26,10 @@ class ChildProcess {
     ChildProcess& operator=(const ChildProcess&) = delete;
     ~ChildProcess();
 
+    pid_t id() const {
+        return id_;
+    }
+
     bool is_running();
     void send(int signal) const;
 

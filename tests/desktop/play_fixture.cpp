@@ -3,7 +3,6 @@
 
 #include <fstream>
 #include <iterator>
-#include <vector>
 
 namespace tarvik {
 
@@ -37,6 +36,20 @@ void write_graphics(const std::filesystem::path& path) {
 
 } // namespace
 
+int pictures_in_a_second(Player& player) {
+    player.wait_for_picture();
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+    const int first = player.count_pictures();
+    while (std::chrono::steady_clock::now() < end) {
+        player.wait_for_picture();
+    }
+    return player.count_pictures() - first;
+}
+
+bool is_one_line(const std::string& text) {
+    return !text.empty() && text.find('\n') == text.size() - 1;
+}
+
 void PlayTest::SetUp() {
     ASSERT_FALSE(server_.display().empty()) << "Xvfb did not start";
     folder_ = make_folder("play");
@@ -59,14 +72,15 @@ void PlayTest::start_race() {
         << read(folder_ / "errors");
 }
 
-void PlayTest::start_game(const std::string& display) {
+void PlayTest::start_game(const std::string& display, const Command& command,
+                          const Environment& further_environment) {
     // The drivers below OpenGL keep memory to the end.
-    game_.emplace(std::vector<std::string>{TARVIK_PROGRAM},
-                  ChildProcess::Options{.folder = folder_,
-                                        .environment = {{"DISPLAY", display},
-                                                        {"WAYLAND_DISPLAY", ""},
-                                                        {"ASAN_OPTIONS", "detect_leaks=0"}},
-                                        .errors = folder_ / "errors"});
+    Environment environment = {
+        {"DISPLAY", display}, {"WAYLAND_DISPLAY", ""}, {"ASAN_OPTIONS", "detect_leaks=0"}};
+    environment.insert(further_environment.begin(), further_environment.end());
+    game_.emplace(command.empty() ? Command{TARVIK_PROGRAM} : command,
+                  ChildProcess::Options{
+                      .folder = folder_, .environment = environment, .errors = folder_ / "errors"});
 }
 
 std::string PlayTest::read(const std::filesystem::path& path) {

@@ -8,8 +8,10 @@
 #include "tests/desktop/x_server.h"
 
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tarvik {
 
@@ -24,6 +26,11 @@ inline constexpr int MARKER_SIZE = 16;
 inline constexpr Area MARKER_AT_START = {304 + MARKER_SIZE, 64 + MARKER_SIZE, 1, 1};
 inline constexpr int POINTER_SIZE = 4;
 
+/// How many pictures the window shows in the second that begins now.
+int pictures_in_a_second(Player& player);
+
+bool is_one_line(const std::string& text);
+
 class PlayTest : public testing::Test {
   protected:
     void SetUp() override;
@@ -33,7 +40,12 @@ class PlayTest : public testing::Test {
     /// shows another part of the track.
     void start_race();
 
-    void start_game(const std::string& display);
+    using Command = std::vector<std::string>;
+    using Environment = std::map<std::string, std::string>;
+
+    /// Starts it, where that is given, by another command or with a larger environment than usual.
+    void start_game(const std::string& display, const Command& command = {},
+                    const Environment& further_environment = {});
 
     static std::string read(const std::filesystem::path& path);
 

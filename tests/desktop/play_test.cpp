@@ -14,10 +14,6 @@ using namespace std::chrono_literals;
 
 using Play = PlayTest;
 
-bool is_one_line(const std::string& text) {
-    return !text.empty() && text.find('\n') == text.size() - 1;
-}
-
 } // namespace
 
 TEST_F(Play, TheWindowStandsBareInTheMiddleOfTheScreen) {
@@ -154,7 +150,7 @@ TEST_F(Play, AKeyHeldWhileTheFocusLeavesStaysDown) {
 }
 
 TEST_F(Play, SignalsEndTheGameInOrderAlsoDuringAWait) {
-    for (const int signal : {SIGINT, SIGTERM}) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         start_race();
         player_.press(XK_F1); // stands still for 400 ms, again and again
         std::this_thread::sleep_for(100ms);
