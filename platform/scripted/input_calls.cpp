@@ -12,7 +12,11 @@ namespace tarvik {
 namespace {
 
 void (*frame_hook)() = nullptr;
-std::array<bool, 256> held_keys{};
+struct KeyState {
+    bool held = false;
+    bool pressed = false; // since it was last asked for
+};
+std::array<KeyState, 256> keys{};
 
 // The queue keeps its memory, so that a frame allocates none.
 std::vector<MSG> queue;
@@ -38,7 +42,9 @@ namespace scripted {
 std::uint64_t slept_ms = 0;
 
 void hold_key(int virtual_key, bool down) {
-    held_keys.at(static_cast<std::size_t>(virtual_key)) = down;
+    KeyState& key = keys.at(static_cast<std::size_t>(virtual_key));
+    key.pressed |= down && !key.held;
+    key.held = down;
 }
 
 } // namespace scripted
@@ -86,8 +92,10 @@ void WINAPI PostQuitMessage(int exit_code) {
 
 SHORT WINAPI GetAsyncKeyState(int virtual_key) {
     record("GetAsyncKeyState 0x%X", static_cast<UINT>(virtual_key));
-    const bool held = held_keys.at(static_cast<std::size_t>(virtual_key));
-    return held ? static_cast<SHORT>(-0x8000) : SHORT{0};
+    KeyState& key = keys.at(static_cast<std::size_t>(virtual_key));
+    const int state = (key.held ? -0x8000 : 0) | (key.pressed ? 1 : 0);
+    key.pressed = false;
+    return static_cast<SHORT>(state);
 }
 
 void WINAPI Sleep(DWORD milliseconds) {

@@ -1,6 +1,7 @@
 // The move, the skid and the car's outline.
 #include "race/car_motion.h"
 #include "race/car_outline.h"
+#include "race/heading.h"
 #include "race/view.h"
 #include "tests/support/race_test.h"
 
@@ -90,6 +91,22 @@ TEST_F(Car, DoesNotSkidNorDrawBelowHalfACellAFrame) {
     EXPECT_EQ(rand(), draws.next());
 }
 
+TEST_F(Car, DrawsANumberFromHalfACellAFrameOn) {
+    place(5000.0F, 5000.0F, 0.0F, 0.5F);
+    Draws draws(5);
+    srand(5);
+    move_car();
+    draws.next();
+    EXPECT_EQ(rand(), draws.next());
+}
+
+// What is drawn and driven rounds small differences away, but a long race adds them up.
+TEST_F(Car, TurnsDegreesIntoRadiansInDoublePrecision) {
+    const double radians = 1e7 * (3.141592653 / 180.0);
+    EXPECT_FLOAT_EQ(step_along(1e7F, 100.0).x, static_cast<float>(100.0 * std::sin(radians)));
+    EXPECT_FLOAT_EQ(step_along(1e7F, 100.0).y, static_cast<float>(100.0 * std::cos(radians)));
+}
+
 TEST_F(Car, IsFiveWhitePointsRoundItsPosition) {
     place(5000.5F, 5000.5F, 180.0F, 0.0F);
     view_x = 4900;
@@ -135,6 +152,7 @@ TEST_F(Car, FindsOnlyGrassBeyondTheGrid) {
     EXPECT_EQ(hits_at(4.0F, 5000.0F), 0);    // corners at -0.24 are in cell 0
     EXPECT_EQ(hits_at(3.0F, 5000.0F), 2);    // at -1.24 they are not
     EXPECT_EQ(hits_at(9996.0F, 5000.0F), 2); // not the next row's cell 0
+    EXPECT_EQ(hits_at(5000.0F, 4.0F), 0);
     EXPECT_EQ(hits_at(5000.0F, 3.0F), 2);
     EXPECT_EQ(hits_at(5000.0F, 9996.0F), 2);
     EXPECT_EQ(hits_at(-500.0F, 20000.0F), 4);

@@ -97,6 +97,22 @@ TEST_F(Controls, GearKeysWaitAndAreConsumedAlsoAtTheLastGear) {
     EXPECT_EQ(scripted::slept_ms, 1200U);
 }
 
+TEST_F(Controls, TheBrakeFollowsTheThrottleAndTheGearsFollowBoth) {
+    gear[PLAYER_SLOT] = 2;
+    velocity = 0.99F;
+    key_down[VK_UP] = key_down[VK_DOWN] = 1;
+    race_frame();
+    EXPECT_EQ(velocity, 0.99F * 1.03F / 1.02F); // lifted into the next brake band
+
+    gear[PLAYER_SLOT] = 0;
+    velocity = 0.0F;
+    key_down[VK_DOWN] = 0;
+    key_down[KEY_A] = 1;
+    race_frame();
+    EXPECT_EQ(gear[PLAYER_SLOT], 1);
+    EXPECT_EQ(velocity, 0.0F); // the new gear pulls from the next frame on
+}
+
 TEST_F(Controls, ARunIsCutAfter41StepsAndAfterTwoFramesWithoutSteering) {
     key_down[VK_LEFT] = 1;
     frames(40);

@@ -1,6 +1,5 @@
 // When an off-road car goes back to the start.
 #include "race/crash.h"
-#include "race/laps.h"
 #include "tests/support/race_test.h"
 
 namespace tarvik::test {
@@ -61,9 +60,9 @@ TEST_F(Crash, NobodyIsPutBackOnTheRoadAndNothingIsDrawn) {
 }
 
 TEST_F(Crash, GivesUpALapBeyondItsLimitWithoutADraw) {
-    cycle[PLAYER_SLOT] = CYCLE_LIMIT;
+    cycle[PLAYER_SLOT] = 990000;
     EXPECT_FALSE(resets(EASY, 0, 9));
-    cycle[PLAYER_SLOT] = CYCLE_LIMIT + 1;
+    cycle[PLAYER_SLOT] = 990001;
     EXPECT_TRUE(resets(EASY, 4, 9));
     EXPECT_TRUE(drew_nothing_since(9));
     EXPECT_EQ(cycle[PLAYER_SLOT], 0);
@@ -82,7 +81,6 @@ TEST_F(Crash, AResetKeepsBestLapGhostsAndSettingsOnly) {
     steer_count[PLAYER_SLOT] = 20;
     penalty[PLAYER_SLOT] = 0.0F;
     std::memset(track_grid, CELL_OFF_TRACK, TRACK_MAP_BYTES);
-    key_down[VK_LEFT] = 1;
     race_frame();
     EXPECT_EQ(std::pair(x, y), std::pair(2400.0F, 2480.0F));
     EXPECT_EQ(degrees, 180.0F);
@@ -94,6 +92,15 @@ TEST_F(Crash, AResetKeepsBestLapGhostsAndSettingsOnly) {
     EXPECT_EQ(best_cycle[PLAYER_SLOT], 700);
     EXPECT_EQ(ghost_x[2][5], 42.0F);
     EXPECT_EQ(race_number, 2);
+}
+
+TEST_F(Crash, InTheBoxCompletesNoLap) {
+    place(2400.0F, 2400.0F, 180.0F, 0.0F);
+    cycle[PLAYER_SLOT] = 400;
+    std::memset(track_grid, CELL_OFF_TRACK, TRACK_MAP_BYTES);
+    race_frame();
+    EXPECT_EQ(y, 2480.0F);
+    EXPECT_EQ(best_cycle[PLAYER_SLOT], 999999);
 }
 
 } // namespace

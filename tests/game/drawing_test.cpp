@@ -7,17 +7,23 @@
 #include "render/sprite_drawing.h"
 #include "tests/support/race_test.h"
 
+#include <algorithm>
+
 namespace tarvik::test {
 namespace {
 
 class Drawing : public RaceTest {
   protected:
-    static void load_image(const Image& image) {
+    static void load_images(const std::vector<Image>& images) {
         release_sprite_table();
         create_sprite_table();
-        install_data({}, {}, archive_of({image}));
+        install_data({}, {}, archive_of(images));
         load_graphics_archive();
         clear_frame();
+    }
+
+    static void load_image(const Image& image) {
+        load_images({image});
     }
 
     /// An image of 4 by 4 pixels whose red is 10 * row + column + 1.
@@ -46,7 +52,7 @@ TEST_F(Drawing, StoresPixelsBottomRowFirst) {
 
 TEST_F(Drawing, DropsWhatLiesOutside) {
     clear_frame();
-    for (const auto& [at_x, at_y] : {std::pair(640, 0), {-1, 0}, {0, 480}, {0, -1}}) {
+    for (const auto& [at_x, at_y] : {std::pair(640, 5), {-1, 5}, {0, 480}, {0, -1}}) {
         put_pixel(at_x, at_y, 255, 255, 255);
     }
     for (const auto& [at_x, at_y] :
@@ -54,7 +60,7 @@ TEST_F(Drawing, DropsWhatLiesOutside) {
         plot(at_x, at_y, 255, 255, 255);
     }
     EXPECT_EQ(pixels_of(frame_buffer_copy(), WHITE), "");
-    plot(319, 239, 255, 255, 255);
+    plot(319, 239, 255, 511, 255); // of 511, the low 8 bits
     EXPECT_EQ(pixels_of(frame_buffer_copy(), WHITE), "319,239");
     clear_frame();
     EXPECT_EQ(pixels_of(frame_buffer_copy(), WHITE), "");
@@ -64,8 +70,10 @@ TEST_F(Drawing, SpritesLeaveBlackOutAndNothingElse) {
     Image image = plain_image(30, 2, {0, 0, 1});
     image.bytes[5] = 0; // second pixel black
     load_image(image);
+    plot(11, 10, 255, 255, 255);
     draw_sprite(10, 10, 30);
     EXPECT_EQ(pixels_of(frame_buffer_copy(), {0, 0, 1}), "10,10 10,11 11,11");
+    EXPECT_EQ(pixels_of(frame_buffer_copy(), WHITE), "11,10");
 }
 
 TEST_F(Drawing, SpritesAreCutAtTheEdgesOrClampedToThem) {
@@ -92,6 +100,11 @@ TEST_F(Drawing, SpritesAreCutAtTheEdgesOrClampedToThem) {
     EXPECT_EQ(red_at(0, 50), 4);
     EXPECT_EQ(red_at(0, 53), 34);
     EXPECT_EQ(red_at(1, 50), 0);
+
+    clear_frame();
+    draw_sprite_clamped(50, -100, 30); // wholly above it
+    EXPECT_EQ(red_at(50, 0), 31);
+    EXPECT_EQ(red_at(50, 1), 0);
 }
 
 TEST_F(Drawing, OddlyShapedSpritesShowOnlyWhatTheyHold) {
@@ -137,12 +150,8 @@ TEST_F(Drawing, AWideSpriteShowsWhatItHoldsWhereverItStands) {
 }
 
 TEST_F(Drawing, AFrameStacksTrackCarMarkerTextsGhostsAndPointer) {
-    release_sprite_table();
-    create_sprite_table();
-    install_data({}, {},
-                 archive_of({plain_image(30, 16, {1, 1, 1}), plain_image(250, 2, {2, 2, 2})}));
-    load_graphics_archive();
-    place(2400.0F, 2395.0F, 180.0F, 0.0F);
+    load_images({plain_image(30, 16, {1, 1, 1}), plain_image(250, 2, {2, 2, 2})});
+    place(2400.0F, 2396.0F, 180.0F, 1.0F);
     cycle[PLAYER_SLOT] = 4;
     ghost_x[2][5] = 2400.0F;
     ghost_y[2][5] = 2400.0F;
@@ -150,16 +159,51 @@ TEST_F(Drawing, AFrameStacksTrackCarMarkerTextsGhostsAndPointer) {
     mouse_y = 126;
     view_x = 2240;
     view_y = 2280;
-    track_grid[2280 * 10000 + 2240] = CELL_OFF_TRACK;
     race_frame();
     const Picture picture = frame_buffer_copy();
-    EXPECT_EQ(picture.logical(0, 0), GRASS);
-    EXPECT_EQ(picture.logical(1, 0), ROAD);
     EXPECT_EQ(picture.logical(155, 119), (Pixel{1, 1, 1}));   // the marker covers a rear corner
     EXPECT_EQ(picture.logical(155, 110), WHITE);              // and not a front one
+    EXPECT_EQ(picture.logical(160, 109), WHITE);              // the car is drawn after its move
     EXPECT_EQ(picture.logical(160, 114), (Pixel{255, 0, 0})); // the ghost covers the marker
     EXPECT_EQ(picture.logical(161, 127), (Pixel{2, 2, 2}));   // the pointer covers it all
     EXPECT_EQ(std::pair(view_x, view_y), std::pair(2240, 2275));
+}
+
+TEST_F(Drawing, GhostsCoverTheTextsAndAMarkerPassedByStaysAtTheViewsEdge) {
+    load_images({plain_image(30, 16, {1, 1, 1})});
+    cycle[PLAYER_SLOT] = 4;
+    ghost_x[2][5] = 2450.0F + 14.5F; // its nose on the second bar of the overlay's first letter
+    ghost_y[2][5] = 2300.0F + 25.5F;
+    view_x = 2450;
+    view_y = 2300;
+    race_frame();
+    const Picture picture = frame_buffer_copy();
+    EXPECT_EQ(picture.logical(12, 19), YELLOW);
+    EXPECT_EQ(picture.logical(14, 19), (Pixel{255, 0, 0}));
+    EXPECT_EQ(picture.logical(0, 92), (Pixel{1, 1, 1}));
+    EXPECT_EQ(picture.logical(1, 92), ROAD);
+}
+
+TEST_F(Drawing, EveryCellOfTheViewIsPainted) {
+    view_x = view_y = 5000;
+    const std::vector<int> grass = {0, 5, 10, 15, 16, 17, 18, 19, 319}; // all places in a block
+    for (const int column : grass) {
+        track_grid[5100 * 10000 + 5000 + column] = CELL_OFF_TRACK;
+        track_grid[5239 * 10000 + 5000 + column] = CELL_OFF_TRACK;
+    }
+    race_frame();
+    const Picture picture = frame_buffer_copy();
+    for (int column = 0; column < 320; ++column) {
+        const bool is_grass = std::find(grass.begin(), grass.end(), column) != grass.end();
+        EXPECT_EQ(picture.logical(column, 100), is_grass ? GRASS : ROAD) << column;
+        EXPECT_EQ(picture.logical(column, 239), is_grass ? GRASS : ROAD) << column;
+    }
+}
+
+TEST_F(Drawing, AFrameThatIsNotShownHasNoTrack) {
+    quit_requested = 1;
+    race_frame();
+    EXPECT_EQ(frame_buffer_copy().logical(300, 100), BLACK);
 }
 
 } // namespace

@@ -74,9 +74,14 @@ TEST_F(Lap, RecordsWhereTheCarWasPointingWhereItDoes) {
     EXPECT_FLOAT_EQ(ghost_heading[PLAYER_SLOT][7], 90.0F + 1.45F);
     EXPECT_EQ(ghost_x[PLAYER_SLOT][8], GHOST_NOWHERE);
     EXPECT_EQ(cycle[PLAYER_SLOT], 8);
+
+    cycle[PLAYER_SLOT] = 0; // no lap, no recording
+    record_lap_frame();
+    EXPECT_EQ(ghost_x[PLAYER_SLOT][0], GHOST_NOWHERE);
 }
 
 TEST_F(Lap, GhostsMoveThroughAllSlotsAndOlderEndsStayBehindShorterLaps) {
+    ghost_x[PLAYER_SLOT][GHOST_FRAMES - 1] = 42.0F;
     for (int lap = 1; lap <= 7; ++lap) {
         const std::int32_t length = lap == 7 ? 310 : 400; // the last lap is shorter
         for (cycle[PLAYER_SLOT] = 2; cycle[PLAYER_SLOT] < length; ++cycle[PLAYER_SLOT]) {
@@ -100,6 +105,7 @@ TEST_F(Lap, GhostsMoveThroughAllSlotsAndOlderEndsStayBehindShorterLaps) {
     EXPECT_EQ(entries(ghost_heading, 300), (Floats{70, 70, 60, 50, 40, 30, 180}));
     EXPECT_EQ(entries(ghost_x, 350), (Floats{6000, 6000, 6000, 5000, 4000, 3000, 111}));
     EXPECT_EQ(entries(ghost_x, 0), Floats(7, 111.0F));
+    EXPECT_EQ(ghost_x[FIRST_GHOST_SLOT][GHOST_FRAMES - 1], 42.0F);
 
     // The player's recording and the newest ghost are equal, not the same.
     ghost_x[PLAYER_SLOT][300] = 1.0F;

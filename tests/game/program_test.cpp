@@ -2,12 +2,16 @@
 #include "platform/driver.h"
 #include "platform/scripted/scripted.h"
 #include "race/race_state.h"
+#include "race/random.h"
 #include "render/frame_buffer.h"
 #include "shell/input.h"
 #include "shell/window.h"
 #include "tests/support/program.h"
 
 #include <gtest/gtest.h>
+
+#include <ctime>
+#include <set>
 
 namespace tarvik::test {
 namespace {
@@ -87,6 +91,37 @@ TEST(Program, EndsAnEscapeFrameUnshown) {
     EXPECT_EQ(made, joined({START, FRAME, escape_frame, END}));
 }
 
+TEST(Program, IgnoresAnEscapeThatIsOverBeforeTheLook) {
+    const auto made = calls_of_run(1, [](int) {
+        scripted::hold_key(VK_ESCAPE, true);
+        scripted::hold_key(VK_ESCAPE, false);
+    });
+    EXPECT_EQ(made, joined({START, FRAME, CLOSING_FRAME, END}));
+}
+
+TEST(Program, StartsOnTheFirstTrackAtAdvancedWithTheTimeAsItsSeed) {
+    const auto first_draw = [](std::time_t seed) {
+        srand(static_cast<std::uint32_t>(seed));
+        return rand();
+    };
+    const std::time_t before = std::time(nullptr);
+    std::time_t after = before;
+    std::int32_t drawn = 0;
+    run_program(1, [&](int frame) {
+        if (frame == 1) {
+            drawn = rand();
+            after = std::time(nullptr);
+        }
+    });
+    std::set<std::int32_t> possible;
+    for (std::time_t seed = before; seed <= after; ++seed) {
+        possible.insert(first_draw(seed));
+    }
+    EXPECT_EQ(possible.count(drawn), 1U);
+    EXPECT_EQ(race_number, 1);
+    EXPECT_EQ(difficulty, ADVANCED);
+}
+
 TEST(Program, ReportsARefusedWindowAndGoesOn) {
     scripted::refuse_window = true;
     const auto made = calls_of_run(1);
@@ -137,13 +172,17 @@ TEST(Program, HandlesOneMessageAFrame) {
 }
 
 TEST(Program, TakesFromMessagesOnlyWhatItKnows) {
-    std::vector<std::string> made = calls_of_run(8, [](int frame) {
+    std::vector<std::string> made = calls_of_run(14, [](int frame) {
         if (frame != 1) {
             return;
         }
         post_message(WM_SYSKEYDOWN, VK_UP, 1 << 29);
         post_message(WM_SYSCOMMAND, SC_CLOSE, 0);
-        post_message(WM_LBUTTONDOWN, 0, 0);
+        for (const UINT button : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_RBUTTONDOWN, WM_RBUTTONUP,
+                                  WM_MBUTTONDOWN, WM_MBUTTONUP}) {
+            post_message(button, 0, 0);
+        }
+        post_message(WM_KEYDOWN, 255, 0);
         post_message(WM_KEYDOWN, 256 + VK_UP, 0); // beyond the key table
         post_message(WM_MOUSEMOVE, 0, static_cast<LPARAM>(0xFFFF0000U | 639U));
     });
@@ -151,6 +190,7 @@ TEST(Program, TakesFromMessagesOnlyWhatItKnows) {
     const auto is_default = [](const std::string& call) { return call.starts_with("DefWindow"); };
     EXPECT_EQ(std::count_if(made.begin(), made.end(), is_default), 1);
     EXPECT_EQ(key_down[VK_UP], 0);
+    EXPECT_EQ(key_down[255], 1);
     EXPECT_EQ(mouse_x, 639);
     EXPECT_EQ(mouse_y, 65535);
 }

@@ -58,6 +58,15 @@ TEST_F(Selection, AtEitherEndTheSameTrackIsLoadedAgain) {
     EXPECT_EQ(race_number, 2);
 }
 
+TEST_F(Selection, TheNextPictureIsTheFirstOfTheNewTrack) {
+    map_file(2) = plain_map(CELL_OFF_TRACK);
+    key_down[VK_OEM_6] = 1;
+    frames(1);
+    EXPECT_EQ(frame_buffer_copy().logical(300, 100), ROAD);
+    frames(1);
+    EXPECT_EQ(frame_buffer_copy().logical(300, 100), GRASS);
+}
+
 TEST_F(Selection, AHeldBracketActsInEveryFrame) {
     key_down[VK_OEM_4] = 1;
     best_cycle[PLAYER_SLOT] = 500;
