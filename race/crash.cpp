@@ -21,10 +21,8 @@ bool is_crash(int hits) {
         return hits >= ADVANCED_HITS;
     case THOUGH:
         return rand() % THOUGH_DRAWS == RESET_DRAW;
-    case EASY:
+    default: // EASY
         return rand() % EASY_DRAWS == RESET_DRAW;
-    default:
-        return false;
     }
 }
 

@@ -6,7 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <numeric>
+#include <sys/resource.h>
+#include <unistd.h>
 
 namespace tarvik::test {
 namespace {
@@ -27,6 +30,13 @@ class Archive : public testing::Test {
         const Sprite& sprite = sprite_table[n];
         return sprite.pixels == nullptr && sprite.width == 0 && sprite.height == 0 &&
                sprite.bytes_per_pixel == 0;
+    }
+
+    /// Bytes of addresses that this process uses now.
+    static rlim_t address_space() {
+        rlim_t pages = 0;
+        std::ifstream("/proc/self/statm") >> pages;
+        return pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
     }
 
     static std::vector<std::uint8_t> counting_bytes(std::size_t count) {
@@ -125,6 +135,28 @@ TEST_F(Archive, KeepsNoMoreThanItsLimitAndFindsTheNextRecordAllTheSame) {
     EXPECT_EQ(sprite_table[39].pixel_bytes, 1U); // non-null, as the record is not empty
     EXPECT_LE(kept, MAX_PIXEL_BYTES + 40);
 }
+
+TEST_F(Archive, EndsWhereTheFileDoesAlsoInTheMiddleOfWhatItPassesOver) {
+    auto bytes = archive_of(
+        {{0, 8000, 5000, 1, std::vector<std::uint8_t>(40000000, 5)}, {1, 1, 1, 3, {1, 2, 3}}});
+    bytes.resize(37000000);
+    load(std::move(bytes));
+    EXPECT_EQ(sprite_table[0].pixel_bytes, MAX_PIXEL_BYTES / 2);
+    EXPECT_TRUE(is_empty(1));
+}
+
+#ifndef __SANITIZE_ADDRESS__ // which takes terabytes of addresses for itself
+TEST_F(Archive, APictureThatThereIsNoMemoryForIsEmptyAndTheNextOneIsRead) {
+    auto bytes = archive_of(
+        {{0, 4000, 4000, 3, std::vector<std::uint8_t>(48000000, 5)}, {1, 1, 1, 3, {1, 2, 3}}});
+    const rlimit little{.rlim_cur = address_space() + 16'000'000, .rlim_max = RLIM_INFINITY};
+    ASSERT_EQ(setrlimit(RLIMIT_AS, &little), 0);
+    load(std::move(bytes));
+    EXPECT_TRUE(is_empty(0));
+    ASSERT_NE(sprite_table[1].pixels, nullptr);
+    EXPECT_EQ(sprite_table[1].pixels[2], 3);
+}
+#endif
 
 TEST_F(Archive, AnEmptyReadOnlyOrFolderlessArchiveLeavesAllEmpty) {
     load({});

@@ -60,10 +60,10 @@ TEST_F(Drawing, DropsWhatLiesOutside) {
         plot(at_x, at_y, 255, 255, 255);
     }
     EXPECT_EQ(pixels_of(frame_buffer_copy(), WHITE), "");
-    plot(319, 239, 255, 511, 255); // of 511, the low 8 bits
-    EXPECT_EQ(pixels_of(frame_buffer_copy(), WHITE), "319,239");
+    plot(319, 239, 255, 256 + 255, 0); // of which the low 8 bits count
+    EXPECT_EQ(pixels_of(frame_buffer_copy(), YELLOW), "319,239");
     clear_frame();
-    EXPECT_EQ(pixels_of(frame_buffer_copy(), WHITE), "");
+    EXPECT_EQ(pixels_of(frame_buffer_copy(), YELLOW), "");
 }
 
 TEST_F(Drawing, SpritesLeaveBlackOutAndNothingElse) {

@@ -5,6 +5,7 @@
 #include "race/random.h"
 #include "render/frame_buffer.h"
 #include "shell/input.h"
+#include "shell/out_of_memory.h"
 #include "shell/window.h"
 #include "tests/support/program.h"
 
@@ -130,6 +131,14 @@ TEST(Program, ReportsARefusedWindowAndGoesOn) {
     EXPECT_EQ(made.at(11), "ShowWindow null 5");
     EXPECT_EQ(std::count(made.begin(), made.end(), "SwapBuffers dc"), 2);
 }
+
+#ifndef __SANITIZE_ADDRESS__ // which would end the program by itself
+TEST(Program, EndsWithOneLineWhereThereIsNoMemory) {
+    EXPECT_EXIT(allocate_buffer<std::uint64_t>(std::size_t{1} << 58U, "track grid"),
+                testing::ExitedWithCode(EXIT_FAILURE),
+                "^tarvik: not enough memory for the track grid \\(2305843009213693952 bytes\\)\n$");
+}
+#endif
 
 TEST(Program, CentresTheWindowTruncatingTowardsZero) {
     scripted::display_width = 637;
