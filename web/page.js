@@ -12,8 +12,8 @@ window.tarvik = { pictures: 0 };
 
 (() => {
   const DATA = ['data/race1.map', 'data/race2.map', 'data/graphics.dat'];
-  const WIDTH = 640;
-  const HEIGHT = 480;
+  const BLOCKS_ACROSS = 320;
+  const BLOCKS_DOWN = 240;
 
   const element = (id) => document.getElementById(id);
   const canvas = element('game');
@@ -198,9 +198,10 @@ window.tarvik = { pictures: 0 };
 
   // --- Size --------------------------------------------------------------------------------------
 
-  // The largest whole number of screen pixels for a pixel of the game that leaves room for the
-  // words, and a place where screen pixels begin. Only in a window smaller than the picture is the
-  // picture made smaller.
+  // The game draws 320 by 240 pixels, each as a block of two by two on the canvas. Such a block gets
+  // the largest whole number of screen pixels, from two on, that leaves room for the words, and the
+  // picture a place where screen pixels begin. So every block looks the same. Only in a window
+  // smaller than the picture is the picture made smaller.
   function fit() {
     const root = document.documentElement;
     const rem = parseFloat(getComputedStyle(root).fontSize);
@@ -208,8 +209,8 @@ window.tarvik = { pictures: 0 };
     const beside = window.innerWidth >= 64 * rem ? 25 * rem : 3 * rem;
     const width = (root.clientWidth - beside) * scale;
     const height = (window.innerHeight - 5 * rem) * scale;
-    const factor = Math.max(1, Math.floor(Math.min(width / WIDTH, height / HEIGHT)));
-    root.style.setProperty('--width', `${(WIDTH * factor) / scale}px`);
+    const block = Math.max(2, Math.floor(Math.min(width / BLOCKS_ACROSS, height / BLOCKS_DOWN)));
+    root.style.setProperty('--width', `${(BLOCKS_ACROSS * block) / scale}px`);
     root.style.setProperty('--left', '0px');
     root.style.setProperty('--top', '0px');
     const place = canvas.getBoundingClientRect();
