@@ -5,9 +5,9 @@
 #include "race/race_state.h"
 #include "race/view.h"
 #include "render/frame_buffer.h"
+#include "tests/support/game_hash.h"
 
 #include <cstdio>
-#include <cstring>
 #include <sstream>
 
 namespace tarvik::test {
@@ -16,52 +16,6 @@ namespace {
 
 constexpr const char* COLUMNS = "frame x y heading speed gear penalty cycle last best difficulty "
                                 "race view_x view_y states pictures";
-
-/// A running hash, eight bytes at a time: FNV-1a's constants on words, with a fold of the high
-/// bits so that every bit reaches every other.
-class Hash {
-  public:
-    void add(const void* data, std::size_t size) {
-        const auto* bytes = static_cast<const unsigned char*>(data);
-        for (; size >= sizeof(std::uint64_t); size -= sizeof(std::uint64_t)) {
-            std::uint64_t word;
-            std::memcpy(&word, bytes, sizeof word);
-            add_word(word);
-            bytes += sizeof word;
-        }
-        for (; size > 0; --size) {
-            add_word(*bytes++);
-        }
-    }
-
-    std::uint64_t value() const {
-        return state;
-    }
-
-  private:
-    void add_word(std::uint64_t word) {
-        state = (state ^ word) * 0x100000001B3U;
-        state ^= state >> 29U;
-    }
-
-    std::uint64_t state = 0xCBF29CE484222325U;
-};
-
-template <typename... Values>
-void add_values(Hash& hash, const Values&... values) {
-    (hash.add(&values, sizeof values), ...);
-}
-
-void add_state(Hash& hash) {
-    constexpr int P = PLAYER_SLOT;
-    add_values(hash, car_x[P], car_y[P], heading[P], speed[P], gear[P], penalty[P], cycle[P],
-               last_cycle[P], best_cycle[P], frames_since_steer[P], steer_count[P], difficulty,
-               race_number, view_x, view_y);
-    for (int slot = P; slot <= LAST_GHOST_SLOT; ++slot) {
-        const std::int32_t frame = cycle[P];
-        add_values(hash, ghost_x[slot][frame], ghost_y[slot][frame], ghost_heading[slot][frame]);
-    }
-}
 
 std::string line_of(int frame, const Hash& states, const Hash& pictures) {
     constexpr int P = PLAYER_SLOT;
@@ -102,7 +56,8 @@ Trace run_drive(const Drive& drive) {
             trace.lines.push_back(line_of(frame, states, pictures));
         }
     }
-    add_values(states, pictures);
+    const std::uint64_t of_pictures = pictures.value();
+    states.add(&of_pictures, sizeof of_pictures);
     trace.signature = states.value();
     return trace;
 }

@@ -1,0 +1,70 @@
+// What goes into the number.
+#include "tests/support/game_hash.h"
+
+#include "race/race_state.h"
+#include "race/view.h"
+#include "render/frame_buffer.h"
+
+#include <cstring>
+#include <initializer_list>
+
+namespace tarvik::test {
+
+namespace {
+
+std::uint64_t word_at(const unsigned char* bytes) {
+    std::uint64_t word;
+    std::memcpy(&word, bytes, sizeof word);
+    return word;
+}
+
+template <typename... Values>
+void add_values(Hash& hash, const Values&... values) {
+    (hash.add(&values, sizeof values), ...);
+}
+
+} // namespace
+
+void Hash::add(const void* data, std::size_t size) {
+    const auto* bytes = static_cast<const unsigned char*>(data);
+    for (; size >= sizeof(std::uint64_t); size -= sizeof(std::uint64_t)) {
+        add_word(word_at(bytes));
+        bytes += sizeof(std::uint64_t);
+    }
+    for (; size > 0; --size) {
+        add_word(*bytes++);
+    }
+}
+
+void add_state(Hash& hash) {
+    constexpr int P = PLAYER_SLOT;
+    add_values(hash, car_x[P], car_y[P], heading[P], speed[P], gear[P], penalty[P], cycle[P],
+               last_cycle[P], best_cycle[P], frames_since_steer[P], steer_count[P], difficulty,
+               race_number, view_x, view_y);
+    for (int slot = P; slot <= LAST_GHOST_SLOT; ++slot) {
+        const std::int32_t frame = cycle[P];
+        add_values(hash, ghost_x[slot][frame], ghost_y[slot][frame], ghost_heading[slot][frame]);
+    }
+}
+
+void add_picture(Hash& hash) {
+    // Four hashes side by side: each waits for its own multiplication, not for the others'.
+    constexpr std::size_t WORD = sizeof(std::uint64_t);
+    constexpr std::size_t BYTES = std::size_t{DEVICE_WIDTH} * DEVICE_HEIGHT * 3;
+    static_assert(BYTES % (4 * WORD) == 0);
+    Hash first;
+    Hash second;
+    Hash third;
+    Hash fourth;
+    for (std::size_t at = 0; at < BYTES; at += 4 * WORD) {
+        first.add_word(word_at(frame_buffer + at));
+        second.add_word(word_at(frame_buffer + at + WORD));
+        third.add_word(word_at(frame_buffer + at + 2 * WORD));
+        fourth.add_word(word_at(frame_buffer + at + 3 * WORD));
+    }
+    for (const Hash& part : {first, second, third, fourth}) {
+        hash.add_word(part.value());
+    }
+}
+
+} // namespace tarvik::test
