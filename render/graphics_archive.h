@@ -16,11 +16,11 @@ namespace tarvik {
 /// half of what the ones before it have left; of a larger one the first bytes are kept. So an
 /// archive that claims gigabytes, or holds them, costs neither the memory nor the time to draw
 /// them.
-inline constexpr std::size_t MAX_PIXEL_BYTES = 64 * 1024 * 1024;
+inline constexpr std::size_t MAX_PIXEL_BYTES = std::size_t{64} * 1024 * 1024;
 
 /// How many pixel bytes that are not kept are read to get at later records. Where they do not
 /// suffice, the later sprites stay empty: gigabytes would have the player wait for seconds.
-inline constexpr std::size_t MAX_SKIPPED_BYTES = 512 * 1024 * 1024;
+inline constexpr std::size_t MAX_SKIPPED_BYTES = std::size_t{512} * 1024 * 1024;
 
 /// Fills `sprite_table` from ".\data\graphics.dat". Nothing is reported: a missing or unreadable
 /// archive leaves every sprite empty, a short one the sprites after its end.

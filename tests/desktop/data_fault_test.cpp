@@ -164,7 +164,8 @@ TEST_F(DataFault, AFileThatShrinksAndGrowsWhileItIsRead) {
     std::atomic<int> cuts = 0;
     const std::jthread cutter([&](const std::stop_token& stop) {
         while (!stop.stop_requested()) {
-            fs::resize_file(data() / "race1.map", ++cuts % 2 == 0 ? MAP_BYTES : cuts % 1000);
+            fs::resize_file(data() / "race1.map",
+                            ++cuts % 2 == 0 ? MAP_BYTES : static_cast<std::uintmax_t>(cuts % 1000));
             std::this_thread::sleep_for(1ms);
         }
     });

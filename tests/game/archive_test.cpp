@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <numeric>
 #include <sys/resource.h>
@@ -141,6 +142,26 @@ TEST_F(Archive, EndsWhereTheFileDoesAlsoInTheMiddleOfWhatItPassesOver) {
         {{0, 8000, 5000, 1, std::vector<std::uint8_t>(40000000, 5)}, {1, 1, 1, 3, {1, 2, 3}}});
     bytes.resize(37000000);
     load(std::move(bytes));
+    EXPECT_EQ(sprite_table[0].pixel_bytes, MAX_PIXEL_BYTES / 2);
+    EXPECT_TRUE(is_empty(1));
+}
+
+TEST_F(Archive, PassesOverNoMoreThanHalfAGigabyte) {
+    char folder[] = "/tmp/tarvik-archive-XXXXXX";
+    ASSERT_NE(mkdtemp(folder), nullptr);
+    std::filesystem::current_path(folder);
+    std::filesystem::create_directory("data");
+    const std::int32_t huge[] = {30000, 10000, 2}; // 600 MB, of which the disk stores nothing
+    const std::int32_t next[] = {1, 1, 0};
+    std::ofstream file("data/graphics.dat", std::ios::binary);
+    file.write(reinterpret_cast<const char*>(huge), sizeof huge);
+    file.seekp(MAX_PIXEL_BYTES / 2 + MAX_SKIPPED_BYTES, std::ios::cur); // where reading ends
+    file.write(reinterpret_cast<const char*>(next), sizeof next);
+    file.close();
+    scripted::use_memory_files = false;
+    create_sprite_table();
+    load_graphics_archive();
+    std::filesystem::remove_all(folder);
     EXPECT_EQ(sprite_table[0].pixel_bytes, MAX_PIXEL_BYTES / 2);
     EXPECT_TRUE(is_empty(1));
 }

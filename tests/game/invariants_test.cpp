@@ -27,7 +27,7 @@ TEST_F(InvariantsTest, hold_on_a_drive_and_name_each_planted_fault) {
     key_down[VK_UP] = 1;
     key_down[VK_LEFT] = 1;
     for (int frame = 0; frame < 400; ++frame) {
-        key_down['A'] = frame % 60 == 0 ? 1 : 0;
+        key_down[int{'A'}] = frame % 60 == 0 ? 1 : 0;
         race_frame();
         ASSERT_EQ(invariants.fault(), "");
         ASSERT_TRUE(Invariants::is_picture_whole());
@@ -43,7 +43,7 @@ TEST_F(InvariantsTest, hold_on_a_drive_and_name_each_planted_fault) {
     expect_named(invariants, "ghost entry", ghost_heading[LAST_GHOST_SLOT][1], 0.0F);
     expect_named(invariants, "view_y", view_y, -1);
     expect_named(invariants, "key_down", key_down[255], 2);
-    expect_named(invariants, "not consumed", key_down['Z'], 1);
+    expect_named(invariants, "not consumed", key_down[int{'Z'}], 1);
 
     std::memset(text_buffer, 'x', TEXT_BUFFER_SIZE);
     EXPECT_EQ(invariants.fault(), "end of the text within: 110");
