@@ -82,9 +82,9 @@ class Drawing {
             std::snprintf(label, sizeof label, "%g ms", milliseconds);
             text(12.0, y + 4.0, label);
         }
-        for (double frame = 0.0; frame < frames; frame += 500.0) {
+        for (int frame = 0; frame < static_cast<int>(frames); frame += 500) {
             char label[32];
-            std::snprintf(label, sizeof label, "%.0f", frame);
+            std::snprintf(label, sizeof label, "%d", frame);
             text(across(frame) - 8.0, BOTTOM + 18.0, label);
         }
         text((LEFT + RIGHT) / 2.0, BOTTOM + 38.0, "frame");

@@ -22,7 +22,9 @@ std::vector<std::string> with_whole_paths(int argc, char** argv) {
     std::vector<std::string> arguments(argv, argv + argc);
     for (std::string& argument : arguments) {
         if (argument.starts_with(out)) {
-            argument = out + std::filesystem::absolute(argument.substr(out.size())).string();
+            const std::filesystem::path name = argument.substr(out.size());
+            argument.replace(out.size(), std::string::npos,
+                             std::filesystem::absolute(name).string());
         }
     }
     return arguments;
@@ -40,6 +42,7 @@ int run(int argc, char** argv) {
         return print_sample(argv[2]);
     }
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size());
     for (std::string& argument : arguments) {
         pointers.push_back(argument.data());
     }

@@ -35,7 +35,7 @@ std::size_t position = 0;
 
 /// The game as it is right after start-up, with its generator at a known place.
 void restart_race() {
-    MSG left_over;
+    MSG left_over{};
     while (PeekMessageA(&left_over, nullptr, 0, 0, PM_REMOVE) != 0) {
     }
     std::fill(std::begin(key_down), std::end(key_down), 0);

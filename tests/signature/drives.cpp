@@ -106,7 +106,7 @@ const std::vector<Drive>& all_drives() {
 }
 
 void restart_game(const Drive& drive) {
-    MSG left_over;
+    MSG left_over{};
     while (PeekMessageA(&left_over, nullptr, 0, 0, PM_REMOVE) != 0) {
     }
     std::fill(std::begin(key_down), std::end(key_down), 0);

@@ -44,7 +44,7 @@ TEST(NewFile, leaves_nothing_behind_when_interrupted) {
         if (child == 0) {
             NewFile file(folder / "kept");
             file.write("unfinished", 10);
-            std::raise(number);
+            kill(getpid(), number);
             _exit(0);
         }
         int status = 0;

@@ -70,20 +70,20 @@ double room_along(Point point, double degrees) {
 
 Course::Course(const std::vector<Point>& loop) {
     const std::vector<Point> chain = smoothed(smoothed(evenly_spaced(loop)));
-    const std::size_t size = chain.size();
-    places.reserve(size);
+    const std::size_t count = chain.size();
+    places.reserve(count);
     double heading = 0.0;
-    for (std::size_t i = 0; i < size; ++i) {
-        const Point& before = chain[(i + size - 1) % size];
-        const Point& after = chain[(i + 1) % size];
+    for (std::size_t i = 0; i < count; ++i) {
+        const Point& before = chain[(i + count - 1) % count];
+        const Point& after = chain[(i + 1) % count];
         const double degrees = std::atan2(after.x - before.x, after.y - before.y) / DEG_TO_RAD;
         heading += std::remainder(degrees - heading, 360.0);
         const double room = std::min(room_along(chain[i], heading + 90.0), //
                                      room_along(chain[i], heading - 90.0));
         places.push_back({chain[i], heading, 0.0, room});
     }
-    for (std::size_t i = 0; i < size; ++i) {
-        const double turned = at(i + SMOOTHING).heading - at(i + size - SMOOTHING).heading;
+    for (std::size_t i = 0; i < count; ++i) {
+        const double turned = at(i + SMOOTHING).heading - at(i + count - SMOOTHING).heading;
         const double cells = PLACE_SPACING * static_cast<double>(2 * SMOOTHING);
         places[i].bend = std::abs(std::remainder(turned, 360.0)) * DEG_TO_RAD / cells;
     }

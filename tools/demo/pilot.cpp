@@ -72,12 +72,12 @@ void Pilot::find_place(Point at) {
 Point Pilot::aim(double speed) const {
     const double ahead = AIM_CELLS + AIM_PER_SPEED * speed;
     const std::size_t index = current + static_cast<std::size_t>(ahead / PLACE_SPACING);
-    const Place& place = course.at(index);
+    const Place& target = course.at(index);
     const double calm = std::clamp((course.from_start(index) - GATE_CALM) / GATE_BLEND, 0.0, 1.0);
-    const double reach = std::max(0.0, std::min(LINE_SPREAD, place.room - EDGE_MARGIN));
+    const double reach = std::max(0.0, std::min(LINE_SPREAD, target.room - EDGE_MARGIN));
     const double left = calm * std::clamp(line, -reach, reach);
-    const double across = (place.heading + 90.0) * DEG_TO_RAD;
-    return {place.at.x + left * std::sin(across), place.at.y + left * std::cos(across)};
+    const double across = (target.heading + 90.0) * DEG_TO_RAD;
+    return {target.at.x + left * std::sin(across), target.at.y + left * std::cos(across)};
 }
 
 int Pilot::steer(const CarView& car) {

@@ -47,7 +47,8 @@ Picture copy_of(const std::uint8_t* pixels, int width, int height) {
     picture.rgba.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4);
     for (int row = height - 1; row >= 0; --row) {
         for (int column = 0; column < width; ++column) {
-            const std::uint8_t* pixel = pixels + (std::ptrdiff_t{row} * width + column) * 3;
+            const std::uint8_t* pixel =
+                pixels + (static_cast<std::ptrdiff_t>(row) * width + column) * 3;
             picture.rgba.insert(picture.rgba.end(), {pixel[0], pixel[1], pixel[2], 255});
         }
     }

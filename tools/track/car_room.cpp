@@ -31,12 +31,12 @@ using Corners = std::array<Cell, CAR_CORNERS>; // the corners' cells relative to
 std::vector<Corners> possible_corners() {
     std::vector<Corners> result;
     for (int sample = 0; sample < HEADINGS * PLACES * PLACES; ++sample) {
-        const double heading = (sample / (PLACES * PLACES)) * std::numbers::pi / 2 / HEADINGS;
+        const double turned = (sample / (PLACES * PLACES)) * std::numbers::pi / 2 / HEADINGS;
         const double x = (sample % PLACES + 0.5) / PLACES;
         const double y = (sample / PLACES % PLACES + 0.5) / PLACES;
         Corners corners;
         for (int corner = 0; corner < CAR_CORNERS; ++corner) {
-            const double angle = heading + (2 * corner + 1) * std::numbers::pi / 4;
+            const double angle = turned + (2 * corner + 1) * std::numbers::pi / 4;
             corners[static_cast<std::size_t>(corner)] = {
                 static_cast<int>(std::floor(x + OUTLINE_RADIUS * std::sin(angle))),
                 static_cast<int>(std::floor(y + OUTLINE_RADIUS * std::cos(angle)))};
