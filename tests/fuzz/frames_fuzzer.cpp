@@ -118,8 +118,12 @@ void load_sprites(Input& input) {
 void post_any_message(Input& input) {
     const UINT message =
         input.ConsumeBool() ? input.PickValueInArray(MESSAGES) : input.ConsumeIntegral<UINT>();
-    const WPARAM wparam = input.ConsumeBool() ? input.ConsumeIntegralInRange<WPARAM>(0, 300)
-                                              : input.ConsumeIntegral<WPARAM>();
+    WPARAM wparam = input.ConsumeIntegral<WPARAM>();
+    if (input.ConsumeBool()) { // a key, or just none
+        wparam = input.ConsumeIntegralInRange<WPARAM>(0, KEY_TABLE_SIZE + 3);
+    } else if (input.ConsumeBool()) {
+        wparam = KEY_TABLE_SIZE;
+    }
     post_message(message, wparam, input.ConsumeIntegral<LPARAM>());
 }
 
