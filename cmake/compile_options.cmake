@@ -45,5 +45,6 @@ if(TARVIK_FUZZ)
   target_compile_options(
     tarvik_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined,float-cast-overflow
                              -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_definitions(tarvik_options INTERFACE _GLIBCXX_ASSERTIONS)
   target_link_options(tarvik_options INTERFACE -fsanitize=address,undefined)
 endif()

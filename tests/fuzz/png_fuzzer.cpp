@@ -100,8 +100,11 @@ std::string some_archive(Input& input) {
     std::vector<test::Image> images;
     for (int count = input.ConsumeIntegralInRange(0, 3); count > 0; --count) {
         const std::int32_t side = input.ConsumeIntegralInRange(1, 24);
-        test::Image image = test::plain_image(input.ConsumeIntegralInRange(0, PICTURE_COUNT - 1),
-                                              side, {input.ConsumeIntegral<std::uint8_t>(), 7, 0});
+        // The last record is the one that can lack bytes.
+        const int number = input.ConsumeBool() ? PICTURE_COUNT - 1
+                                               : input.ConsumeIntegralInRange(0, PICTURE_COUNT - 1);
+        test::Image image =
+            test::plain_image(number, side, {input.ConsumeIntegral<std::uint8_t>(), 7, 0});
         if (input.ConsumeIntegralInRange(0, 3) == 1) {
             image.width = input.ConsumeIntegral<std::int32_t>();
             image.height = input.ConsumeBool() ? image.width : side;
@@ -112,7 +115,8 @@ std::string some_archive(Input& input) {
         }
         images.push_back(image);
     }
-    const std::vector<std::uint8_t> bytes = test::archive_of(images);
+    std::vector<std::uint8_t> bytes = test::archive_of(images);
+    bytes.resize(bytes.size() - input.ConsumeIntegralInRange<std::size_t>(0, 3));
     return {bytes.begin(), bytes.end()};
 }
 
