@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 
 namespace tarvik::scripted {
 
@@ -36,6 +38,11 @@ bool open_in_memory(const std::string& name, DataStream& file) {
 }
 
 bool open_on_disk(const std::string& name, DataStream& file) {
+    std::error_code unknown;
+    const auto status = std::filesystem::status(name, unknown);
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+        return false; // reading a pipe would wait for ever
+    }
     file.disk = std::fopen(name.c_str(), "r+b");
     if (file.disk == nullptr) {
         file.disk = std::fopen(name.c_str(), "w+xb"); // only a missing file is created
