@@ -148,6 +148,7 @@ window.tarvik = { pictures: 0 };
       files,
       wasmMemory: memory || undefined,
       instantiateWasm(imports, done) {
+        memory = imports.env.memory;
         WebAssembly.instantiate(program, imports).then(done, fail);
         return {};
       },
@@ -163,7 +164,6 @@ window.tarvik = { pictures: 0 };
         }
       },
     });
-    memory = game.wasmMemory;
     const code = await game.ccall('main', 'number', ['number', 'number'], [0, 0], { async: true });
     if (code !== 0) {
       throw new Reason(lastWords);

@@ -7,6 +7,16 @@ mergeInto(LibraryManager.library, {
     picture: null, // ImageData over the program's own memory
     files: {}, // open files by number
     lastFile: 0,
+    // Sent to a port whose other end is closed, a part's memory is free at once. The browser by
+    // itself would only tidy up when 100 or 200 MB of them have come together.
+    discard: function (buffer) {
+      if (!page.bin) {
+        var channel = new MessageChannel();
+        channel.port2.close();
+        page.bin = channel.port1;
+      }
+      page.bin.postMessage(null, [buffer]);
+    },
   },
 
   page_show_picture__deps: ['$page'],
@@ -82,6 +92,10 @@ mergeInto(LibraryManager.library, {
         HEAPU8.set(part, buffer + count);
         count += part.length;
         file.rest = file.rest.subarray(part.length);
+        if (part.length > 0 && file.rest.length === 0) {
+          page.discard(part.buffer);
+          file.rest = new Uint8Array(0);
+        }
         if (count === wanted || file.end) {
           wakeUp(count);
           return;
