@@ -1,0 +1,86 @@
+// Plays the keys of a race in the browser again, on this system: tarvik-replay DATA PICTURE KEY...
+//
+// KEY is "frame,virtual-key,1 or 0": pressed or released before that frame takes its message. The
+// picture of frame PICTURE goes to standard output as the canvas has it, rows from the top down,
+// red, green, blue and 255; what the game knows by then, as JSON, to standard error.
+#include "race/race_state.h"
+#include "tests/support/program.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace tarvik;
+using namespace tarvik::test;
+
+struct Key {
+    int code;
+    int down;
+};
+
+std::vector<std::uint8_t> file_of(const std::string& name) {
+    std::ifstream file(name, std::ios::binary);
+    if (!file) {
+        std::fprintf(stderr, "cannot read %s\n", name.c_str());
+        std::exit(EXIT_FAILURE);
+    }
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void write_picture() {
+    std::vector<std::uint8_t> rows;
+    const Picture& picture = pictures.back();
+    for (int y = 0; y < picture.height; ++y) {
+        for (int x = 0; x < picture.width; ++x) {
+            const Pixel pixel = picture.device(x, y);
+            for (const int value : {pixel.red, pixel.green, pixel.blue, 255}) {
+                rows.push_back(static_cast<std::uint8_t>(value));
+            }
+        }
+    }
+    std::fwrite(rows.data(), 1, rows.size(), stdout);
+}
+
+void write_state() {
+    std::fprintf(stderr, R"({"race":%d,"gear":%d,"speed":%g,"x":%g,"y":%g,"cycle":%d})",
+                 race_number, gear[PLAYER_SLOT], static_cast<double>(speed[PLAYER_SLOT]),
+                 static_cast<double>(car_x[PLAYER_SLOT]), static_cast<double>(car_y[PLAYER_SLOT]),
+                 cycle[PLAYER_SLOT]);
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    if (count < 3) {
+        return EXIT_FAILURE;
+    }
+    const std::string data = arguments[1];
+    const int last = std::atoi(arguments[2]);
+    std::multimap<int, Key> keys;
+    for (int i = 3; i < count; ++i) {
+        int frame = 0;
+        Key key{};
+        if (std::sscanf(arguments[i], "%d,%d,%d", &frame, &key.code, &key.down) != 3) {
+            return EXIT_FAILURE;
+        }
+        keys.emplace(frame, key);
+    }
+    install_data(file_of(data + "/race1.map"), file_of(data + "/race2.map"),
+                 file_of(data + "/graphics.dat"));
+    return run_program(last, [&](int frame) {
+        const auto [begin, end] = keys.equal_range(frame);
+        for (auto key = begin; key != end; ++key) {
+            key->second.down != 0 ? press(key->second.code) : release(key->second.code);
+        }
+        if (frame == last + 1) {
+            write_picture();
+            write_state();
+        }
+    });
+}
