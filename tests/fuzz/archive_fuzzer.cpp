@@ -159,7 +159,7 @@ void draw_sprites(Input& input) {
         if (sprite_table[n].width <= 0 || left < 0) {
             continue;
         }
-        left -= pixels_held(sprite_table[n]) + 100;
+        left -= pixels_held(sprite_table[n]) + 1000;
         draw_at_all_edges(n);
         const auto place = [&] {
             return input.ConsumeBool() ? input.ConsumeIntegralInRange(-400, 400)

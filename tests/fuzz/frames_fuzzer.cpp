@@ -35,15 +35,18 @@ constexpr UINT MESSAGES[] = {WM_DESTROY,     WM_CLOSE,     WM_KEYDOWN,     WM_KE
 /// Somewhere on the grid, near one of its places that matter, or as far off as a car can get.
 float coordinate(Input& input) {
     constexpr float FARTHEST = 67108864.0F;
-    constexpr float PLACES[] = {
-        0.0F, 160.0F, 9840.0F, 9880.0F, 10000.0F, 2400.0F, BOX_TOP + BOX_SIZE, -FARTHEST / 2};
-    switch (input.ConsumeIntegralInRange(0, 3)) {
+    constexpr float BORDERS[] = {0.0F, 10000.0F};
+    constexpr float PLACES[] = {160.0F, 9840.0F, 9880.0F, BOX_TOP + BOX_SIZE, -FARTHEST / 2};
+    constexpr float NEAR = 14.0F; // more than the car's size
+    switch (input.ConsumeIntegralInRange(0, 4)) {
     case 0:
         return input.ConsumeFloatingPointInRange(0.0F, 9999.99F);
     case 1:
         return input.ConsumeFloatingPointInRange(-FARTHEST, FARTHEST);
+    case 2:
+        return input.PickValueInArray(PLACES) + input.ConsumeFloatingPointInRange(-NEAR, NEAR);
     default:
-        return input.PickValueInArray(PLACES) + input.ConsumeFloatingPointInRange(-14.0F, 14.0F);
+        return input.PickValueInArray(BORDERS) + input.ConsumeFloatingPointInRange(-NEAR, NEAR);
     }
 }
 
