@@ -165,14 +165,12 @@ export async function pixelsOf(png) {
   return Buffer.from(url.slice(url.indexOf(',') + 1), 'base64');
 }
 
-/// The canvas on the screen, enlarged: its pixels, and how wide it and one of the game's blocks of
-/// two by two pixels are.
+/// The canvas on the screen: its pixels, its size in pixels of the screen, and how many of them one
+/// of the game's blocks of two by two is wide.
 export async function screenOf(page) {
   const clip = await page.locator('#game').boundingBox();
-  const scale = await page.evaluate(() => window.devicePixelRatio);
-  const pixels = await pixelsOf(await page.screenshot({ clip }));
-  const width = Math.round(clip.width * scale);
-  return { pixels, width, block: (2 * width) / WIDTH };
+  const size = { width: clip.width, height: clip.height };
+  return { pixels: await pixelsOf(await page.screenshot({ clip })), size, block: (2 * size.width) / WIDTH };
 }
 
 /// Memory of the process that the page is in, bytes: now, after what is no longer used has gone, and
