@@ -16,7 +16,7 @@ namespace tarvik {
 /// half of what the ones before it have left; of a larger one the first bytes are kept. So an
 /// archive that claims gigabytes, or holds them, costs neither the memory nor the time to draw
 /// them.
-inline constexpr std::size_t MAX_PIXEL_BYTES = std::size_t{64} * 1024 * 1024;
+inline constexpr std::size_t MAX_PIXEL_BYTES = std::size_t{32} * 1024 * 1024;
 
 /// How many pixel bytes that are not kept are read to get at later records. Where they do not
 /// suffice, the later sprites stay empty: gigabytes would have the player wait for seconds.

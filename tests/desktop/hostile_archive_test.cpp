@@ -96,7 +96,7 @@ class HostileArchive : public PlayTest {
     void expect_usual_play(unsigned long colour) {
         constexpr int USUAL_PACE = 58; // in whole pictures of a second, which begins anywhere
         constexpr int MOST_SECONDS = 20;
-        constexpr std::size_t MOST_MEMORY = 75'000'000; // 64 MiB of pixels, and what varies
+        constexpr std::size_t MOST_MEMORY = 42'000'000; // 32 MiB of pixels, and what varies
         const auto start = std::chrono::steady_clock::now();
         start_game(server_.display());
         ASSERT_TRUE(player_.finds_game_with(colour, 600, 300)) << read(folder_ / "errors");
