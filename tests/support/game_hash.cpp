@@ -13,7 +13,7 @@ namespace tarvik::test {
 namespace {
 
 std::uint64_t word_at(const unsigned char* bytes) {
-    std::uint64_t word;
+    std::uint64_t word = 0;
     std::memcpy(&word, bytes, sizeof word);
     return word;
 }

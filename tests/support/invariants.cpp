@@ -115,7 +115,8 @@ void check_ghosts(Faults& faults) {
 
 void check_view(Faults& faults) {
     const auto follow = [](float car, std::int32_t shown, std::int32_t cells) {
-        const double first = std::trunc(static_cast<double>(car)) - shown / 2; // may be no number
+        const std::int32_t half = shown / 2;
+        const double first = std::trunc(static_cast<double>(car)) - half; // may be no number
         return std::clamp(first, 0.0, static_cast<double>(cells - shown));
     };
     faults.expect(view_x == follow(car_x[PLAYER_SLOT], LOGICAL_WIDTH, TRACK_WIDTH), "view_x",

@@ -143,6 +143,7 @@ std::vector<PictureRecord> read_archive(const fs::path& archive) {
     const std::vector<std::uint8_t> file = read_whole_file(archive, LARGEST_ARCHIVE);
     std::span<const std::uint8_t> rest(file);
     std::vector<PictureRecord> records;
+    records.reserve(PICTURE_COUNT);
     for (int number = 0; number < PICTURE_COUNT; ++number) {
         records.push_back(
             take_record(rest, archive.string() + ": record " + std::to_string(number)));

@@ -144,7 +144,8 @@ SvgPage::SvgPage(const std::filesystem::path& drawing, int band_rows)
         throw Failure(std::string("cannot draw: ") +
                       cairo_status_to_string(cairo_surface_status(surface.get())));
     }
-    rendering_.reset(new Rendering{std::move(handle), size, std::move(surface)});
+    rendering_ =
+        std::make_unique<Rendering>(Rendering{std::move(handle), size, std::move(surface)});
 }
 
 SvgPage::~SvgPage() = default;

@@ -51,8 +51,8 @@ void preview_track(const std::filesystem::path& map, const std::filesystem::path
         }
         for (std::size_t x = 0; x < side; ++x) {
             const std::size_t columns = (x + 1) * MAP_SIDE / side - x * MAP_SIDE / side;
-            result.pixels.push_back(
-                static_cast<std::uint8_t>(grass[x] * 255 / (columns * (bottom - top))));
+            result.pixels.push_back(static_cast<std::uint8_t>(std::size_t{grass[x]} * 255 /
+                                                              (columns * (bottom - top))));
         }
     }
     write_png(picture, result);

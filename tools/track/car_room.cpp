@@ -31,7 +31,8 @@ using Corners = std::array<Cell, CAR_CORNERS>; // the corners' cells relative to
 std::vector<Corners> possible_corners() {
     std::vector<Corners> result;
     for (int sample = 0; sample < HEADINGS * PLACES * PLACES; ++sample) {
-        const double turned = (sample / (PLACES * PLACES)) * std::numbers::pi / 2 / HEADINGS;
+        const int direction = sample / (PLACES * PLACES);
+        const double turned = direction * std::numbers::pi / 2 / HEADINGS;
         const double x = (sample % PLACES + 0.5) / PLACES;
         const double y = (sample / PLACES % PLACES + 0.5) / PLACES;
         Corners corners;
