@@ -170,7 +170,7 @@ TEST_F(Archive, PassesOverNoMoreThanHalfAGigabyte) {
 TEST_F(Archive, APictureThatThereIsNoMemoryForIsEmptyAndTheNextOneIsRead) {
     auto bytes = archive_of(
         {{0, 4000, 4000, 3, std::vector<std::uint8_t>(48000000, 5)}, {1, 1, 1, 3, {1, 2, 3}}});
-    const rlimit little{.rlim_cur = address_space() + 16'000'000, .rlim_max = RLIM_INFINITY};
+    const rlimit little{.rlim_cur = address_space() + 8'000'000, .rlim_max = RLIM_INFINITY};
     ASSERT_EQ(setrlimit(RLIMIT_AS, &little), 0);
     load(std::move(bytes));
     EXPECT_TRUE(is_empty(0));
