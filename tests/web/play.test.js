@@ -120,9 +120,9 @@ test('60 pictures a second, each made in good time', async (t) => {
   await web.endRace(page);
   await web.close(page);
   t.diagnostic(`an empty page has ${reached.toFixed(1)} turns a second, the game ${rate.toFixed(1)} pictures`);
-  t.diagnostic(`median: ${frame.toFixed(2)} ms for a frame, ${conversion.toFixed(2)} of them for the canvas`);
+  t.diagnostic(`median: ${frame.toFixed(2)} ms for a frame, ${conversion.toFixed(2)} for converting a picture`);
   assert.ok(frame < 1000 / 60, 'time for a frame');
-  assert.ok(conversion < 1, 'time for the canvas');
+  assert.ok(conversion < 1, 'time for converting a picture');
   if (reached < 59) {
     t.skip(`this machine does not reach 60 turns a second even with an empty page: ${reached.toFixed(1)}`);
     return;
@@ -130,7 +130,8 @@ test('60 pictures a second, each made in good time', async (t) => {
   assert.ok(Math.abs(rate - 60) <= 2, `${rate} pictures a second`);
 });
 
-/// In the page: measures frames from the end of the wait to the picture on the canvas.
+/// In the page: measures frames from the end of the wait to the picture on the canvas, and of that
+/// the conversion: turning the rows over, called once more for each picture, and putImageData.
 function measureFrames() {
   let begun = 0;
   let whole = [];
@@ -144,14 +145,19 @@ function measureFrames() {
         callback(...given);
       }, ...rest);
   }
+  let program = null;
+  const instantiate = WebAssembly.instantiate;
+  WebAssembly.instantiate = async (...given) => (program = await instantiate(...given));
   const show = CanvasRenderingContext2D.prototype.putImageData;
   CanvasRenderingContext2D.prototype.putImageData = function (...given) {
     const before = performance.now();
     show.apply(this, given);
     const now = performance.now();
     whole.push(now - begun);
-    shown.push(now - before);
     moments.push(now);
+    const ANY_PICTURE = 1 << 20; // its address
+    program.exports.glDrawPixels(given[0].width, given[0].height, 0, 0, ANY_PICTURE);
+    shown.push(performance.now() - before);
   };
   const median = (values) => values.sort((a, b) => a - b)[values.length >> 1];
   window.measured = async (pictures) => {
