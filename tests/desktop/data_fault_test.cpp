@@ -112,7 +112,8 @@ TEST_F(DataFault, NoFolder) {
 TEST_F(DataFault, AWorkingFolderThatIsGone) {
     const fs::path gone = folder_ / "gone";
     fs::create_directory(gone);
-    start_game(server_.display(), {"sh", "-c", "cd gone && rmdir ../gone && exec " TARVIK_PROGRAM});
+    start_game(server_.display(),
+               {"sh", "-c", "cd gone && rmdir ../gone && exec '" TARVIK_PROGRAM "'"});
     expect_play(GRASS_COLOUR);
 }
 
@@ -150,7 +151,7 @@ TEST_F(DataFault, ADiskTooFullForEvenAnEmptyFile) {
         GTEST_SKIP() << "no file system can be mounted here";
     }
     start_game(server_.display(),
-               {"unshare", "-rm", "sh", "-c", mount + " && exec " TARVIK_PROGRAM});
+               {"unshare", "-rm", "sh", "-c", mount + " && exec '" TARVIK_PROGRAM "'"});
     expect_play(GRASS_COLOUR);
 }
 

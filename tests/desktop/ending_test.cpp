@@ -57,7 +57,7 @@ TEST_F(Ending, ClosedDuringTheWaitOfAGear) {
 }
 
 TEST_F(Ending, SignalsThatWereIgnoredBeforeStayIgnored) {
-    start_game(server_.display(), {"sh", "-c", "trap '' HUP INT; exec " TARVIK_PROGRAM});
+    start_game(server_.display(), {"sh", "-c", "trap '' HUP INT; exec '" TARVIK_PROGRAM "'"});
     ASSERT_TRUE(player_.finds_game_with(MARKER_COLOUR, MARKER_AT_START.x, MARKER_AT_START.y));
     game_->send(SIGHUP);
     game_->send(SIGINT);
@@ -88,7 +88,7 @@ TEST_F(Ending, AHaltIsNotMadeUpForAndLeavesNoKeyBehind) {
 
 // Neither the display's connection nor a map may take the number of a closed stream.
 TEST_F(Ending, ClosedStandardStreamsLeadNowhere) {
-    start_game(server_.display(), {"sh", "-c", "exec " TARVIK_PROGRAM " <&- >&- 2>&-"});
+    start_game(server_.display(), {"sh", "-c", "exec '" TARVIK_PROGRAM "' <&- >&- 2>&-"});
     ASSERT_TRUE(player_.finds_game_with(MARKER_COLOUR, MARKER_AT_START.x, MARKER_AT_START.y));
     for (const char* stream : {"0", "1", "2"}) {
         const fs::path link = fs::path("/proc") / std::to_string(game_->id()) / "fd" / stream;
@@ -103,7 +103,7 @@ TEST_F(Ending, NobodyListensToStandardError) {
     ASSERT_EQ(pipe(ends), 0);
     close(ends[0]);
     const std::string to_pipe = " 2>&" + std::to_string(ends[1]);
-    start_game(":98765", {"sh", "-c", "exec " TARVIK_PROGRAM + to_pipe});
+    start_game(":98765", {"sh", "-c", "exec '" TARVIK_PROGRAM "'" + to_pipe});
     EXPECT_EQ(game_->wait(AT_ONCE), 1);
     close(ends[1]);
 }
