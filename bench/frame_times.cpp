@@ -3,7 +3,6 @@
 // The demo's driver drives two laps, the second with a ghost beside it, and then the track is
 // switched. The chart shows the second lap, its end and the switch.
 #include "bench/chart.h"
-#include "bench/lap_driver.h"
 #include "platform/desktop/display.h"
 #include "platform/driver.h"
 #include "race/race_frame.h"
@@ -13,6 +12,7 @@
 #include "shell/input.h"
 #include "shell/start_up.h"
 #include "tools/demo/data_folder.h"
+#include "tools/demo/driver.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -51,12 +51,12 @@ FrameTime timed_frame() {
 
 /// Frames of the last lap.
 std::vector<FrameTime> drive_laps() {
-    LapDriver driver(SEED);
+    demo::Driver driver(demo::Style::BEST, SEED);
     std::vector<FrameTime> frames;
     for (int laps = 0; laps < LAPS && quit_requested == 0;) {
         driver.act();
         frames.push_back(timed_frame());
-        if (driver.has_completed_lap() && ++laps < LAPS) {
+        if (driver.look() == demo::LapEvent::LAP && ++laps < LAPS) {
             frames.clear();
         }
     }

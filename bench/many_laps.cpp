@@ -1,7 +1,6 @@
 // tarvik-many-laps LAPS: drives so many laps without a display and says how long the slowest frames
 // took and whether the memory has grown.
 #include "bench/floors.h"
-#include "bench/lap_driver.h"
 #include "bench/process_memory.h"
 #include "bench/row.h"
 #include "race/race_frame.h"
@@ -9,6 +8,7 @@
 #include "race/track_grid.h"
 #include "shell/start_up.h"
 #include "tools/demo/data_folder.h"
+#include "tools/demo/driver.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -52,7 +52,7 @@ void run(int laps) {
     start_up();
     load_track_map(".\\data\\race1.map");
     tarvik::srand(SEED);
-    LapDriver driver(SEED);
+    demo::Driver driver(demo::Style::BEST, SEED);
     Times frames;
     Times lap_ends;
     Times floors;
@@ -60,7 +60,7 @@ void run(int laps) {
         driver.act();
         const double seconds = seconds_of(race_frame);
         floors.add(seconds_of(clear_and_copy_picture));
-        if (!driver.has_completed_lap()) {
+        if (driver.look() != demo::LapEvent::LAP) {
             frames.add(seconds);
             continue;
         }

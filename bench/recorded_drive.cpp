@@ -1,7 +1,6 @@
 // Recording and playing key messages. The race depends on nothing else, so it repeats itself.
 #include "bench/recorded_drive.h"
 
-#include "bench/lap_driver.h"
 #include "platform/driver.h"
 #include "race/race_frame.h"
 #include "race/race_selection.h"
@@ -11,6 +10,7 @@
 #include "race/view.h"
 #include "shell/input.h"
 #include "shell/start_up.h"
+#include "tools/demo/driver.h"
 
 #include <algorithm>
 #include <iterator>
@@ -58,13 +58,13 @@ void record_message() {
 }
 
 void record() {
-    LapDriver driver(SEED);
+    demo::Driver driver(demo::Style::BEST, SEED);
     restart_race();
     for (int laps = 0; laps <= WARM_UP_LAPS;) {
         driver.act();
         record_message();
         race_frame();
-        if (driver.has_completed_lap() && ++laps == WARM_UP_LAPS) {
+        if (driver.look() == demo::LapEvent::LAP && ++laps == WARM_UP_LAPS) {
             lap_start = recording.size();
         }
     }

@@ -20,7 +20,8 @@ ParsedOptions parse(std::vector<std::string> words) {
 
 TEST(DemoOptions, TakesEverythingThatHelpNames) {
     const ParsedOptions parsed = parse({"--headless", "--race", "2", "--difficulty", "1", "--laps",
-                                        "3", "--seed", "4294967295", "--pictures", "shots"});
+                                        "3", "--seed", "4294967295", "--pictures", "shots",
+                                        "--every", "60", "--style", "cautious", "--report"});
     ASSERT_TRUE(parsed.options);
     EXPECT_TRUE(parsed.options->headless);
     EXPECT_EQ(parsed.options->race, 2);
@@ -28,6 +29,9 @@ TEST(DemoOptions, TakesEverythingThatHelpNames) {
     EXPECT_EQ(parsed.options->laps, 3);
     EXPECT_EQ(parsed.options->seed, 4294967295U);
     EXPECT_EQ(parsed.options->pictures, "shots");
+    EXPECT_EQ(parsed.options->every, 60);
+    EXPECT_EQ(parsed.options->style, Style::CAUTIOUS);
+    EXPECT_TRUE(parsed.options->report);
 }
 
 TEST(DemoOptions, DrivesSixLapsHeadlessAndForEverInAWindow) {
@@ -37,9 +41,17 @@ TEST(DemoOptions, DrivesSixLapsHeadlessAndForEverInAWindow) {
 
 TEST(DemoOptions, AnswersFaultsWithOneLineAndExitCodeOne) {
     const std::vector<std::vector<std::string>> faults = {
-        {"--race", "3"},     {"--race", "two"},        {"--difficulty"}, {"--laps", "0"},
-        {"--seed", "-1"},    {"--seed", "4294967296"}, {"--fast"},       {"--headless", "race2"},
+        {"--race", "3"},
+        {"--race", "two"},
+        {"--difficulty"},
+        {"--laps", "0"},
+        {"--seed", "-1"},
+        {"--seed", "4294967296"},
+        {"--fast"},
+        {"--headless", "race2"},
         {"--pictures", "x"}, // a window has no pictures to write
+        {"--headless", "--every", "60"},
+        {"--style", "wild"},
     };
     for (const std::vector<std::string>& words : faults) {
         SCOPED_TRACE(words.front() + " " + words.back());

@@ -68,8 +68,11 @@ double room_along(Point point, double degrees) {
 
 } // namespace
 
-Course::Course(const std::vector<Point>& loop) {
-    const std::vector<Point> chain = smoothed(smoothed(evenly_spaced(loop)));
+Course::Course(const std::vector<Point>& loop, int smoothing_rounds) {
+    std::vector<Point> chain = evenly_spaced(loop);
+    for (int round = 0; round < smoothing_rounds; ++round) {
+        chain = smoothed(chain);
+    }
     const std::size_t count = chain.size();
     places.reserve(count);
     double heading = 0.0;
@@ -78,14 +81,13 @@ Course::Course(const std::vector<Point>& loop) {
         const Point& after = chain[(i + 1) % count];
         const double degrees = std::atan2(after.x - before.x, after.y - before.y) / DEG_TO_RAD;
         heading += std::remainder(degrees - heading, 360.0);
-        const double room = std::min(room_along(chain[i], heading + 90.0), //
-                                     room_along(chain[i], heading - 90.0));
-        places.push_back({chain[i], heading, 0.0, room});
+        places.push_back({chain[i], heading, 0.0, room_along(chain[i], heading + 90.0),
+                          room_along(chain[i], heading - 90.0)});
     }
     for (std::size_t i = 0; i < count; ++i) {
         const double turned = at(i + SMOOTHING).heading - at(i + count - SMOOTHING).heading;
         const double cells = PLACE_SPACING * static_cast<double>(2 * SMOOTHING);
-        places[i].bend = std::abs(std::remainder(turned, 360.0)) * DEG_TO_RAD / cells;
+        places[i].bend = std::remainder(turned, 360.0) * DEG_TO_RAD / cells;
     }
 }
 
@@ -100,11 +102,6 @@ std::size_t Course::nearest(Point point, std::size_t from, std::size_t count) co
         }
     }
     return best % size();
-}
-
-double Course::from_start(std::size_t index) const {
-    const std::size_t places_on = index % size();
-    return PLACE_SPACING * static_cast<double>(std::min(places_on, size() - places_on));
 }
 
 } // namespace tarvik::demo

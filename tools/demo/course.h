@@ -1,5 +1,5 @@
-// The way round a track as the demo's driver sees it: an even chain of places along the middle of
-// the road, from the start/finish box round to where the chain began.
+// A way round a track as the demo's driver sees it: an even chain of places from the start/finish
+// box round to where the chain began.
 #pragma once
 
 #include <cstddef>
@@ -19,19 +19,20 @@ inline constexpr double PLACE_SPACING = 4.0;
 struct Place {
     Point at;
     double heading; ///< degrees, the game's: 0 down the view, 90 right; continuous along the course
-    double bend;    ///< how sharply the road turns, radians per cell, never negative
-    double room;    ///< grass-free cells to the nearer side, at most ROOM_SEEN
+    double bend;    ///< radians turned per cell, positive to the left
+    double left;    ///< cells to the grass on the left, at most ROOM_SEEN
+    double right;
 };
 
 /// How far the driver looks for the edge of the road, cells.
-inline constexpr double ROOM_SEEN = 40.0;
+inline constexpr double ROOM_SEEN = 250.0;
 
 /// A closed course; index arithmetic goes round.
 class Course {
   public:
     /// `loop` is a closed chain of points in driving order that starts near the box; its spacing
     /// and its small steps do not matter. The edges of the road are taken from `track_grid`.
-    explicit Course(const std::vector<Point>& loop);
+    explicit Course(const std::vector<Point>& loop, int smoothing_rounds = 2);
 
     std::size_t size() const {
         return places.size();
@@ -42,9 +43,6 @@ class Course {
 
     /// The place nearest to a point among `count` places from `from` on.
     std::size_t nearest(Point point, std::size_t from, std::size_t count) const;
-
-    /// Cells along the course from a place to the start of the chain, the shorter way.
-    double from_start(std::size_t index) const;
 
   private:
     std::vector<Place> places;

@@ -4,10 +4,10 @@
 #include "platform/driver.h"
 #include "race/race_state.h"
 #include "race/random.h"
+#include "tools/demo/driver.h"
 #include "tools/demo/keyboard.h"
 #include "tools/demo/lap_book.h"
-#include "tools/demo/middle_of_road.h"
-#include "tools/demo/pilot.h"
+#include "tools/demo/report.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -27,11 +27,11 @@ constexpr int LOST_AFTER_FRAMES = 18000;
 struct Drive {
     Options options;
     std::uint32_t seed = 0;
-    Keyboard keyboard;
-    std::optional<Course> course;
-    std::unique_ptr<Pilot> pilot;
-    int known_race = 0; ///< track that course and pilot are for
+    Keyboard keyboard; ///< for the settings
+    std::optional<Driver> driver;
+    int known_race = 0; ///< track that the driver knows
     LapBook book;
+    Report report;
     bool seeded = false;
     std::vector<int> taps; ///< keys to press before the start
     std::size_t taps_done = 0;
@@ -62,48 +62,37 @@ bool settings_are_made() {
 }
 
 bool take_the_wheel() {
-    const std::vector<Point> loop = middle_of_road();
-    if (loop.empty()) {
+    state->driver.emplace(state->options.style, state->seed);
+    if (!state->driver->knows_the_way()) {
         fail("track " + std::to_string(race_number) +
              " has no road that leads from the start/finish box round to the start");
         return false;
     }
     state->known_race = race_number;
     state->frames_since_lap = 0;
-    state->course.emplace(loop);
-    state->pilot = std::make_unique<Pilot>(*state->course, state->seed);
-    public_standing.course = &*state->course;
+    public_standing.course = &state->driver->course();
     return true;
 }
 
 void note_laps() {
-    const LapEvent event = state->book.look();
-    if (event == LapEvent::RESET) {
-        state->pilot->find_place({car_x[PLAYER_SLOT], car_y[PLAYER_SLOT]});
-    }
-    if (event != LapEvent::LAP) {
-        if (++state->frames_since_lap > LOST_AFTER_FRAMES) {
-            fail("no lap completed in " + std::to_string(LOST_AFTER_FRAMES) +
-                 " frames; the driver has lost the way");
+    const LapEvent event = state->driver->look();
+    state->book.enter(event);
+    public_standing.laps = state->book.laps();
+    if (event == LapEvent::LAP) {
+        state->report.end_lap(last_cycle[PLAYER_SLOT]);
+        state->frames_since_lap = 0;
+        if (state->options.laps && state->book.laps() >= *state->options.laps) {
+            end_game();
         }
         return;
     }
-    state->frames_since_lap = 0;
-    state->pilot->begin_lap();
-    public_standing.laps = state->book.laps();
-    if (state->options.laps && state->book.laps() >= *state->options.laps) {
-        end_game();
+    if (event == LapEvent::RESET) {
+        state->report.break_off();
     }
-}
-
-void steer_the_car() {
-    const CarView car{{car_x[PLAYER_SLOT], car_y[PLAYER_SLOT]},
-                      heading[PLAYER_SLOT],
-                      speed[PLAYER_SLOT],
-                      gear[PLAYER_SLOT],
-                      steer_count[PLAYER_SLOT]};
-    state->keyboard.act(state->pilot->decide(car), car.gear);
-    public_standing.place = state->pilot->place();
+    if (++state->frames_since_lap > LOST_AFTER_FRAMES) {
+        fail("no lap completed in " + std::to_string(LOST_AFTER_FRAMES) +
+             " frames; the driver has lost the way");
+    }
 }
 
 void on_frame() {
@@ -123,7 +112,9 @@ void on_frame() {
     }
     note_laps();
     if (!public_standing.done) {
-        steer_the_car();
+        state->report.note_frame();
+        state->driver->act();
+        public_standing.place = state->driver->place();
     }
 }
 
@@ -139,9 +130,15 @@ int drive(const Options& options) {
     }
     char no_command_line[] = "";
     set_frame_hook(on_frame);
+    if (options.headless) {
+        std::printf("seed %u\n", state->seed);
+    }
     WinMain(nullptr, nullptr, no_command_line, 0);
     set_frame_hook(nullptr);
     state->book.print_summary();
+    if (options.report && state->driver) {
+        state->report.print(state->driver->middle());
+    }
     return state->failed ? EXIT_FAILURE : EXIT_SUCCESS;
 }
 

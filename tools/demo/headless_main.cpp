@@ -42,7 +42,7 @@ int run(int argc, char** argv) {
                       << error.message() << "\n";
             return EXIT_FAILURE;
         }
-        take_snapshots(options.pictures);
+        take_snapshots(options);
     }
     const std::string fault = enter_data_folder(options.race);
     if (!fault.empty()) {
@@ -50,7 +50,9 @@ int run(int argc, char** argv) {
         return EXIT_FAILURE;
     }
     const int exit_code = drive(options);
-    finish_snapshots();
+    if (!options.pictures.empty()) {
+        finish_snapshots();
+    }
     return exit_code;
 }
 

@@ -1,4 +1,4 @@
-// Lap results from the outside: by what changed since the frame before.
+// Lap results in words.
 #include "tools/demo/lap_book.h"
 
 #include "race/race_state.h"
@@ -7,19 +7,14 @@
 
 namespace tarvik::demo {
 
-LapEvent LapBook::look() {
-    const bool clock_stopped = last_frame_cycle > 0 && cycle[PLAYER_SLOT] == 0;
-    const bool was_stopped = last_frame_speed > 0.0F && speed[PLAYER_SLOT] == 0.0F;
-    last_frame_cycle = cycle[PLAYER_SLOT];
-    last_frame_speed = speed[PLAYER_SLOT];
-    if (was_stopped) { // brakes never stop a car completely; only being put back does
+void LapBook::enter(LapEvent event) {
+    if (event == LapEvent::RESET) {
         ++resets;
         ++resets_in_lap;
         std::printf("put back to the start\n");
-        return LapEvent::RESET;
     }
-    if (!clock_stopped) {
-        return LapEvent::NONE;
+    if (event != LapEvent::LAP) {
+        return;
     }
     ++completed;
     const int result = last_cycle[PLAYER_SLOT];
@@ -29,7 +24,6 @@ LapEvent LapBook::look() {
                 result - off_road, off_road, resets_in_lap);
     std::fflush(stdout);
     resets_in_lap = 0;
-    return LapEvent::LAP;
 }
 
 void LapBook::print_summary() const {

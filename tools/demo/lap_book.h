@@ -1,15 +1,14 @@
 // Keeps the book of laps: what was driven, in how many frames, and what went wrong.
 #pragma once
 
-namespace tarvik::demo {
+#include "tools/demo/driver.h"
 
-enum class LapEvent { NONE, LAP, RESET };
+namespace tarvik::demo {
 
 class LapBook {
   public:
-    /// Looks at the race state, once a frame and before the frame; prints a line for each completed
-    /// lap and for each time the car was put back to the start.
-    LapEvent look();
+    /// Prints a line for each completed lap and for each time the car was put back to the start.
+    void enter(LapEvent event);
 
     int laps() const {
         return completed;
@@ -23,8 +22,6 @@ class LapBook {
     int clean = 0; ///< completed without a penalty
     int resets = 0;
     int resets_in_lap = 0;
-    int last_frame_cycle = 0;
-    float last_frame_speed = 0.0F;
 };
 
 } // namespace tarvik::demo

@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <iostream>
 #include <limits>
+#include <map>
+#include <string>
 
 namespace tarvik::demo {
 
@@ -13,16 +15,16 @@ namespace {
 constexpr const char* DESCRIPTION =
     "tarvik-demo: the game with a driver at the wheel.\n"
     "\n"
-    "The driver looks at the car and at the middle of the road and presses the same keys as you:\n"
-    "arrows to steer, accelerate and brake, A and Z to change gear. Without options it drives "
-    "track\n"
-    "1 in a window until you press Escape.";
+    "The driver looks at the car and at the road and presses the same keys as you: arrows to\n"
+    "steer, accelerate and brake, A and Z to change gear. Without options it drives track 1 in a\n"
+    "window until you press Escape.";
 
 constexpr const char* EXAMPLES =
     "Examples:\n"
     "  tarvik-demo --race 2                          watch track 2 being driven\n"
     "  tarvik-demo --headless                        six laps without a display, results printed\n"
     "  tarvik-demo --headless --race 2 --difficulty 1 --laps 3 --seed 7\n"
+    "  tarvik-demo --headless --report               what the fastest lap was like\n"
     "  tarvik-demo --headless --pictures /tmp/drive  pictures of the drive as PNG files\n"
     "\n"
     "Exit code: 0 when the laps are completed or the window is closed, 1 when not.";
@@ -49,9 +51,25 @@ ParsedOptions parse_options(int argc, char** argv) {
     app.add_option("--seed", options.seed,
                    "Number that decides the drive; the same one gives the same drive again")
         ->check(CLI::Range(std::uint32_t{0}, std::numeric_limits<std::uint32_t>::max()));
-    app.add_option("--pictures", options.pictures,
-                   "Folder for PNG pictures of bends, the gate and the ghosts; made if missing")
+    app.add_option("--style", options.style,
+                   "best: as fast as the driver can; middle: likewise, but in the middle of the "
+                   "road; cautious: there with three quarters of the pace")
+        ->transform(CLI::CheckedTransformer(
+            std::map<std::string, Style>{
+                {"best", Style::BEST}, {"middle", Style::MIDDLE}, {"cautious", Style::CAUTIOUS}},
+            CLI::ignore_case));
+    app.add_flag("--report", options.report,
+                 "Tell of the fastest lap: time in each gear, braking and on the wheel, braking "
+                 "zones, and the speed in each bend")
         ->needs(headless);
+    CLI::Option* pictures =
+        app.add_option("--pictures", options.pictures,
+                       "Folder for PNG pictures of bends, the gate and the ghosts; made if missing")
+            ->needs(headless);
+    app.add_option("--every", options.every,
+                   "Instead of these, a picture of every so many frames of the last lap")
+        ->check(CLI::Range(1, 1000000))
+        ->needs(pictures);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& help) {

@@ -1,6 +1,8 @@
 // The demo's command line.
 #pragma once
 
+#include "tools/demo/pilot.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -13,7 +15,10 @@ struct Options {
     int difficulty = 3;      ///< 1 to 3
     std::optional<int> laps; ///< how many to drive; without it a window drives on for ever
     std::optional<std::uint32_t> seed; ///< without it every start is different
-    std::filesystem::path pictures;    ///< folder for pictures, empty for none
+    Style style = Style::BEST;
+    bool report = false;
+    std::filesystem::path pictures; ///< folder for pictures, empty for none
+    int every = 0; ///< a picture of every so many frames of the last lap, 0 for the chosen ones
 };
 
 /// What the command line asks for, or the exit code when there is nothing to drive: --help was

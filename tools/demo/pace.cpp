@@ -5,6 +5,7 @@
 #include "race/heading.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tarvik::demo {
 
@@ -43,7 +44,7 @@ std::vector<double> plan_pace(const Course& course, double share) {
     const std::size_t size = course.size();
     std::vector<double> pace(size);
     for (std::size_t i = 0; i < size; ++i) {
-        pace[i] = bend_limit(course.at(i).bend, share);
+        pace[i] = bend_limit(std::abs(course.at(i).bend), share);
     }
     // Twice round, so that the braking for the first bend reaches back over the start.
     for (std::size_t n = 2 * size; n-- > 0;) {

@@ -30,14 +30,12 @@ constexpr double SHIFT_DOWN_PART = 0.93;
 
 // How laps differ: the line by so many cells to each side, the speed on straights between these
 // two (the upper is more than the car can), the share of steering frames by so much.
-constexpr double LINE_SPREAD = 9.0;
-constexpr double CRUISE_LOW = 3.1;
+constexpr double LINE_SPREAD = 5.0;
+constexpr double CRUISE_LOW = 3.25;
 constexpr double CRUISE_HIGH = 3.4;
+constexpr double CAUTIOUS_PART = 0.75;
 constexpr double SHARE_MEAN = 0.52;
 constexpr double SHARE_SPREAD = 0.03;
-// The driver is back in the middle of the road this far from the gate, and at its line later.
-constexpr double GATE_CALM = 600.0;
-constexpr double GATE_BLEND = 400.0;
 constexpr double EDGE_MARGIN = 16.0; // cells that the middle of the car keeps from the grass
 
 /// Speed at which a gear stops pulling.
@@ -47,7 +45,8 @@ double gear_end(std::int32_t gear) {
 
 } // namespace
 
-Pilot::Pilot(const Course& driven_course, std::uint32_t seed) : course(driven_course), luck(seed) {
+Pilot::Pilot(const Course& driven_course, Style driving_style, std::uint32_t seed)
+    : course(driven_course), style(driving_style), luck(seed) {
     begin_lap();
 }
 
@@ -58,8 +57,9 @@ void Pilot::begin_lap() {
     line = between(-LINE_SPREAD, LINE_SPREAD);
     pace = plan_pace(course, between(SHARE_MEAN - SHARE_SPREAD, SHARE_MEAN + SHARE_SPREAD));
     const double cruise = between(CRUISE_LOW, CRUISE_HIGH);
+    const double part = style == Style::CAUTIOUS ? CAUTIOUS_PART : 1.0;
     for (double& limit : pace) {
-        limit = std::min(limit, cruise);
+        limit = part * std::min(limit, cruise);
     }
 }
 
@@ -73,9 +73,8 @@ Point Pilot::aim(double speed) const {
     const double ahead = AIM_CELLS + AIM_PER_SPEED * speed;
     const std::size_t index = current + static_cast<std::size_t>(ahead / PLACE_SPACING);
     const Place& target = course.at(index);
-    const double calm = std::clamp((course.from_start(index) - GATE_CALM) / GATE_BLEND, 0.0, 1.0);
-    const double reach = std::max(0.0, std::min(LINE_SPREAD, target.room - EDGE_MARGIN));
-    const double left = calm * std::clamp(line, -reach, reach);
+    const double left = std::clamp(line, std::min(0.0, EDGE_MARGIN - target.right),
+                                   std::max(0.0, target.left - EDGE_MARGIN));
     const double across = (target.heading + 90.0) * DEG_TO_RAD;
     return {target.at.x + left * std::sin(across), target.at.y + left * std::cos(across)};
 }
@@ -120,8 +119,7 @@ int Pilot::choose_shift(const CarView& car) const {
     if (pedal == Pedal::THROTTLE && car.gear < TOP_GEAR && car.speed >= gear_end(car.gear)) {
         return 1;
     }
-    if (pedal != Pedal::BRAKE && car.gear > 1 &&
-        car.speed < SHIFT_DOWN_PART * gear_end(car.gear - 1)) {
+    if (car.gear > 1 && car.speed < SHIFT_DOWN_PART * gear_end(car.gear - 1)) {
         return -1;
     }
     return 0;

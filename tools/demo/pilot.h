@@ -27,10 +27,17 @@ struct Wish {
     int shift = 0; ///< 1 one gear up, -1 one down, 0 none
 };
 
+/// How fast, and on which line.
+enum class Style {
+    BEST,    ///< as fast as the driver can, on the racing line
+    MIDDLE,  ///< as fast as the driver can in the middle of the road
+    CAUTIOUS ///< three quarters of the pace, in the middle of the road
+};
+
 class Pilot {
   public:
     /// The seed decides how the driver's line and pace differ from lap to lap.
-    Pilot(const Course& driven_course, std::uint32_t seed);
+    Pilot(const Course& driven_course, Style driving_style, std::uint32_t seed);
 
     /// To be called once a frame, before the frame's keys act.
     Wish decide(const CarView& car);
@@ -53,10 +60,11 @@ class Pilot {
     enum class Pedal { NONE, THROTTLE, BRAKE };
 
     const Course& course;
+    Style style;
     std::mt19937 luck;
     std::vector<double> pace;
     std::size_t current = 0;
-    double line = 0.0;     // cells to the left of the road's middle, in this lap
+    double line = 0.0;     // cells to the left of the course, in this lap
     int straight_left = 0; // frames in which the wheel stays straight so that the car won't slide
     Pedal pedal = Pedal::NONE;
 };

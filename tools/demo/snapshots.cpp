@@ -32,7 +32,8 @@ constexpr float BEFORE_GATE = 40.0F;
 /// Ghosts whose centres are further apart than this are told apart at a glance, cells.
 constexpr float APART = 16.0F;
 
-std::filesystem::path folder;
+Options wanted;
+int frames_taken = 0;
 int bends_taken = 0;
 std::size_t last_bend = 0;
 bool gate_taken = false;
@@ -60,7 +61,7 @@ bool bend_is_near() {
     const std::size_t bend = now.place + PLACES_BEFORE_BEND;
     return bends_taken < MOST_BENDS && now.laps == 1 &&
            (bends_taken == 0 || now.place > last_bend + PLACES_BETWEEN_BENDS) &&
-           now.course->at(bend).bend > 1.0 / TIGHT_RADIUS;
+           std::abs(now.course->at(bend).bend) > 1.0 / TIGHT_RADIUS;
 }
 
 bool gate_is_near() {
@@ -95,15 +96,25 @@ void on_picture(const std::uint8_t* pixels, int width, int height) {
     if (standing().course == nullptr || standing().done) {
         return;
     }
+    if (wanted.every > 0) {
+        const int frame = cycle[PLAYER_SLOT];
+        if (standing().laps + 1 == wanted.laps && frame > 0 && frame % wanted.every == 0) {
+            char name[32];
+            std::snprintf(name, sizeof name, "frame-%05d.png", frame);
+            write_png(wanted.pictures / name, copy_of(pixels, width, height));
+            ++frames_taken;
+        }
+        return;
+    }
     if (bend_is_near()) {
         ++bends_taken;
         last_bend = standing().place;
-        write_png(folder / ("bend-" + std::to_string(bends_taken) + ".png"),
+        write_png(wanted.pictures / ("bend-" + std::to_string(bends_taken) + ".png"),
                   copy_of(pixels, width, height));
     }
     if (gate_is_near()) {
         gate_taken = true;
-        write_png(folder / "gate.png", copy_of(pixels, width, height));
+        write_png(wanted.pictures / "gate.png", copy_of(pixels, width, height));
     }
     const float apart = ghosts_in_view_apart();
     if (apart > ghosts_apart) {
@@ -114,18 +125,20 @@ void on_picture(const std::uint8_t* pixels, int width, int height) {
 
 } // namespace
 
-void take_snapshots(const std::filesystem::path& target) {
-    folder = target;
+void take_snapshots(const Options& options) {
+    wanted = options;
     scripted::set_picture_hook(on_picture);
 }
 
 void finish_snapshots() {
     scripted::set_picture_hook(nullptr);
-    if (folder.empty()) {
+    const std::string& folder = wanted.pictures.native();
+    if (wanted.every > 0) {
+        std::printf("pictures in %s: %d of the last lap\n", folder.c_str(), frames_taken);
         return;
     }
     if (!ghosts.rgba.empty()) {
-        write_png(folder / "ghosts.png", ghosts);
+        write_png(wanted.pictures / "ghosts.png", ghosts);
     }
     std::printf("pictures in %s: tight bends %d, gate %s, five ghosts together %s\n",
                 folder.c_str(), bends_taken, gate_taken ? "yes" : "no",
