@@ -1,0 +1,59 @@
+// Size and place of the window while the game runs.
+#include "platform/windows/game_window.h"
+
+namespace tarvik {
+
+namespace {
+
+bool is_full_screen = false;
+RECT place_before{}; // while the window takes the whole display
+
+RECT display_of(HWND window) {
+    MONITORINFO display{};
+    display.cbSize = sizeof display;
+    GetMonitorInfoA(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &display);
+    return display.rcMonitor;
+}
+
+void move_to(HWND window, const RECT& place) {
+    SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
+                 place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+} // namespace
+
+PictureArea current_picture_area(HWND window) {
+    RECT client{};
+    GetClientRect(window, &client);
+    return picture_area(client.right, client.bottom);
+}
+
+void toggle_full_screen(HWND window) {
+    if (is_full_screen) {
+        move_to(window, place_before);
+    } else {
+        GetWindowRect(window, &place_before);
+        move_to(window, display_of(window));
+    }
+    is_full_screen = !is_full_screen;
+}
+
+void follow_display_size(HWND window) {
+    if (is_full_screen) {
+        move_to(window, display_of(window));
+    }
+}
+
+void follow_display_density(HWND window, int dots_per_inch, const RECT& suggested) {
+    if (is_full_screen) {
+        move_to(window, display_of(window));
+        return;
+    }
+    const RECT display = display_of(window);
+    const int factor =
+        starting_factor(dots_per_inch, display.right - display.left, display.bottom - display.top);
+    move_to(window, {suggested.left, suggested.top, suggested.left + LOGICAL_WIDTH * factor,
+                     suggested.top + LOGICAL_HEIGHT * factor});
+}
+
+} // namespace tarvik

@@ -1,0 +1,21 @@
+// The window that the game has opened.
+#pragma once
+
+#include "platform/win32.h"
+#include "platform/windows/picture_area.h"
+
+namespace tarvik {
+
+/// Where the picture is in the game's window now.
+PictureArea current_picture_area(HWND window);
+
+/// Lets the window take the whole display that it is on, or gives it back its place and size.
+void toggle_full_screen(HWND window);
+
+/// Moves a window that takes a whole display to the display's new size; leaves others alone.
+void follow_display_size(HWND window);
+
+/// Gives the window the size that suits a display of so many dots per inch.
+void follow_display_density(HWND window, int dots_per_inch, const RECT& suggested);
+
+} // namespace tarvik

@@ -1,0 +1,18 @@
+// The system's own version of a call that this layer defines itself.
+//
+// The game is linked with this layer's definition, since objects go before import libraries; the
+// system's is asked for at run time. That takes nothing from the linker that Visual Studio lacks.
+#pragma once
+
+#include "platform/win32.h"
+
+namespace tarvik {
+
+/// The call `name` of a library that the program is linked with, such as "gdi32".
+template <typename Call>
+Call* system_call(const char* library, const char* name) {
+    const auto address = GetProcAddress(GetModuleHandleA(library), name);
+    return reinterpret_cast<Call*>(reinterpret_cast<void*>(address));
+}
+
+} // namespace tarvik
