@@ -44,16 +44,16 @@ void follow_display_size(HWND window) {
     }
 }
 
-void follow_display_density(HWND window, int dots_per_inch, const RECT& suggested) {
+void follow_display_density(HWND window, int dots_per_inch, POINT place) {
+    const RECT display = display_of(window);
     if (is_full_screen) {
-        move_to(window, display_of(window));
+        move_to(window, display);
         return;
     }
-    const RECT display = display_of(window);
     const int factor =
         starting_factor(dots_per_inch, display.right - display.left, display.bottom - display.top);
-    move_to(window, {suggested.left, suggested.top, suggested.left + LOGICAL_WIDTH * factor,
-                     suggested.top + LOGICAL_HEIGHT * factor});
+    move_to(window, {place.x, place.y, place.x + LOGICAL_WIDTH * factor,
+                     place.y + LOGICAL_HEIGHT * factor});
 }
 
 } // namespace tarvik

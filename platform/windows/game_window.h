@@ -15,7 +15,8 @@ void toggle_full_screen(HWND window);
 /// Moves a window that takes a whole display to the display's new size; leaves others alone.
 void follow_display_size(HWND window);
 
-/// Gives the window the size that suits a display of so many dots per inch.
-void follow_display_density(HWND window, int dots_per_inch, const RECT& suggested);
+/// Moves the window to a place on a display of so many dots per inch, and gives it the size that
+/// suits that; a window that takes a whole display takes the new one.
+void follow_display_density(HWND window, int dots_per_inch, POINT place);
 
 } // namespace tarvik

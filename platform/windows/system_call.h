@@ -4,15 +4,14 @@
 // system's is asked for at run time. That takes nothing from the linker that Visual Studio lacks.
 #pragma once
 
-#include "platform/win32.h"
-
 namespace tarvik {
+
+void* address_in_system(const char* library, const char* name);
 
 /// The call `name` of a library that the program is linked with, such as "gdi32".
 template <typename Call>
 Call* system_call(const char* library, const char* name) {
-    const auto address = GetProcAddress(GetModuleHandleA(library), name);
-    return reinterpret_cast<Call*>(reinterpret_cast<void*>(address));
+    return reinterpret_cast<Call*>(address_in_system(library, name));
 }
 
 } // namespace tarvik

@@ -53,9 +53,11 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lpar
     case WM_DISPLAYCHANGE:
         follow_display_size(window);
         return 0;
-    case WM_DPICHANGED:
-        follow_display_density(window, LOWORD(wparam), *reinterpret_cast<const RECT*>(lparam));
+    case WM_DPICHANGED: {
+        const RECT& suggested = *reinterpret_cast<const RECT*>(lparam);
+        follow_display_density(window, LOWORD(wparam), {suggested.left, suggested.top});
         return 0;
+    }
     default:
         return game_procedure(window, message, wparam, lparam);
     }
