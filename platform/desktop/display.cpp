@@ -2,6 +2,7 @@
 #include "platform/desktop/display.h"
 
 #include "platform/desktop/close_signals.h"
+#include "platform/desktop/game_controllers.h"
 #include "platform/desktop/standard_streams.h"
 #include "platform/desktop/x11_errors.h"
 #include "platform/desktop/x11_keyboard.h"
@@ -120,6 +121,7 @@ void open_display_or_exit() {
         }
     }
     choose_key_source();
+    watch_game_controllers();
 }
 
 void close_display() {

@@ -1,8 +1,9 @@
-// Keyboard and close events as messages; the mouse has a file of its own.
+// Keyboard and close events as messages; mouse and controllers have files of their own.
 #include "platform/desktop/events.h"
 
 #include "platform/common/keys.h"
 #include "platform/desktop/close_signals.h"
+#include "platform/desktop/game_controllers.h"
 #include "platform/desktop/mouse_messages.h"
 #include "platform/desktop/x11_errors.h"
 #include "platform/desktop/x11_keyboard.h"
@@ -53,6 +54,11 @@ bool is_released_by_focus_loss(std::span<const SDL_Event> from_release_on) {
     return false;
 }
 
+// A key that two hold is down until both have let go of it.
+bool is_still_held_by_controller(const Message& message) {
+    return message.message == WM_KEYUP && controller_holds(static_cast<int>(message.wparam));
+}
+
 // Window managers answer Alt+F4 with the close request that their close button makes too. Windows
 // tells them apart, and so does the game.
 Message close_message(Uint32 time) {
@@ -99,9 +105,10 @@ void translate(std::span<const SDL_Event> from_event_on, MessageQueue& queue) {
         break;
     default:
         append_mouse_messages(event, queue);
+        note_controller_event(event);
         break;
     }
-    if (wanted) {
+    if (wanted && !is_still_held_by_controller(message)) {
         queue.append_input(message);
     }
 }
@@ -123,6 +130,7 @@ void collect_messages(MessageQueue& queue) {
             translate(batch.subspan(i), queue);
         }
     } while (count == static_cast<int>(events.size()));
+    append_controller_messages(queue);
 }
 
 } // namespace tarvik

@@ -1,6 +1,9 @@
 // The state of a key at the moment of the call.
+#include "platform/desktop/key_state.h"
+
 #include "platform/common/keys.h"
 #include "platform/desktop/display.h"
+#include "platform/desktop/game_controllers.h"
 #include "platform/desktop/x11_keyboard.h"
 #include "platform/win32.h"
 
@@ -28,8 +31,15 @@ bool sdl_key_is_held(int virtual_key) {
 
 } // namespace
 
+namespace tarvik {
+
+bool keyboard_holds(int virtual_key) {
+    return has_x11_keyboard() ? x11_key_is_held(virtual_key) : sdl_key_is_held(virtual_key);
+}
+
+} // namespace tarvik
+
 extern "C" SHORT WINAPI GetAsyncKeyState(int virtual_key) {
-    const bool held = tarvik::has_x11_keyboard() ? tarvik::x11_key_is_held(virtual_key)
-                                                 : sdl_key_is_held(virtual_key);
+    const bool held = tarvik::keyboard_holds(virtual_key) || tarvik::controller_holds(virtual_key);
     return static_cast<SHORT>(held ? -0x8000 : 0);
 }

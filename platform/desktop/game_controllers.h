@@ -1,0 +1,23 @@
+// Game controllers by way of SDL, plugged in and out at any time.
+#pragma once
+
+#include "platform/common/controller_keys.h"
+
+union SDL_Event;
+
+namespace tarvik {
+
+/// From here on SDL tells of controllers, those that are there already included. Where the system
+/// refuses, there are none.
+void watch_game_controllers();
+
+/// Notes what an event says about a controller; nothing where it is about anything else.
+void note_controller_event(const SDL_Event& event);
+
+/// Puts what was noted since the last call into the queue.
+void append_controller_messages(MessageQueue& queue);
+
+/// Whether a controller holds the key at this moment.
+bool controller_holds(int virtual_key);
+
+} // namespace tarvik

@@ -1,0 +1,107 @@
+// Which messages the buttons and axes of game controllers make.
+#include "platform/common/controller_keys.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int TRIGGER = 7;
+constexpr int BOTTOM_BUTTON = 0;
+constexpr int SHOULDER = 5;
+constexpr int START = 9;
+constexpr int STEERING = 0;
+
+bool held_on_keyboard = false;
+
+class Controllers : public testing::Test {
+  protected:
+    void SetUp() override {
+        held_on_keyboard = false;
+    }
+
+    using Changes = std::vector<int>; // the keys' codes, those of released keys negative
+
+    /// What a frame adds to the queue.
+    Changes frame() {
+        keys_.append_messages(queue_, 0, [](int) { return held_on_keyboard; });
+        Changes changes;
+        for (Message message{}; queue_.take(message);) {
+            const int key = static_cast<int>(message.wparam);
+            changes.push_back(message.message == WM_KEYDOWN ? key : -key);
+        }
+        return changes;
+    }
+
+    MessageQueue queue_;
+    ControllerKeys keys_;
+};
+
+} // namespace
+
+TEST_F(Controllers, AKeyIsDownUntilAllHaveLetGoOfIt) {
+    keys_.set_button(1, TRIGGER, 1);
+    EXPECT_EQ(frame(), (Changes{VK_UP}));
+    keys_.set_button(2, BOTTOM_BUTTON, 1);
+    keys_.set_button(1, TRIGGER, 0);
+    EXPECT_EQ(frame(), Changes{});
+    keys_.remove(2);
+    EXPECT_EQ(frame(), (Changes{-VK_UP}));
+    keys_.set_button(1, TRIGGER, 1);
+    EXPECT_EQ(frame(), (Changes{VK_UP}));
+    held_on_keyboard = true;
+    keys_.set_button(1, TRIGGER, 0);
+    EXPECT_EQ(frame(), Changes{});
+}
+
+// A gear's press and release are one, for its key is consumed anyway.
+TEST_F(Controllers, AShoulderCountsOnceHoweverLongAndAsOftenAsItIsPressed) {
+    keys_.set_button(1, SHOULDER, 1);
+    EXPECT_EQ(frame(), (Changes{'A', -'A'}));
+    EXPECT_EQ(frame(), Changes{});
+    keys_.set_button(1, SHOULDER, 0);
+    keys_.set_button(1, SHOULDER, 1);
+    keys_.set_button(1, SHOULDER, 0);
+    keys_.set_button(1, SHOULDER, 1);
+    EXPECT_EQ(frame(), (Changes{'A', -'A', 'A', -'A'}));
+}
+
+TEST_F(Controllers, StartTappedDuringAWaitHoldsForAFrame) {
+    keys_.set_button(1, START, 1);
+    keys_.set_button(1, START, 0);
+    frame();
+    EXPECT_TRUE(keys_.holds(VK_ESCAPE));
+    frame();
+    EXPECT_FALSE(keys_.holds(VK_ESCAPE));
+}
+
+TEST_F(Controllers, ATremblingAxisIsQuietAndAMadOneLeavesRoomInTheQueue) {
+    std::minstd_rand random(1);
+    std::uniform_real_distribution<float> tremble(-0.09F, 0.09F);
+    keys_.set_axis(1, STEERING, -1);
+    EXPECT_EQ(frame(), (Changes{VK_LEFT}));
+    for (int i = 0; i < 10000; ++i) {
+        keys_.set_axis(1, STEERING, -0.4F + tremble(random));
+        EXPECT_EQ(frame(), Changes{});
+    }
+    std::uniform_real_distribution<float> any(-1, 1);
+    for (int i = 0; i < 10000; ++i) {
+        keys_.set_axis(1, STEERING, any(random));
+        keys_.set_button(1, TRIGGER, any(random));
+        keys_.append_messages(queue_, 0, [](int) { return false; });
+        ASSERT_LE(queue_.size(), ControllerKeys::FEW_WAITING);
+        Message message{};
+        queue_.take(message);
+    }
+    keys_.remove(1);
+    while (!frame().empty()) {
+    }
+    keys_.set_axis(1, STEERING, 1);
+    EXPECT_EQ(frame(), (Changes{VK_RIGHT})) << "and what it came to is right";
+}
+
+} // namespace tarvik
