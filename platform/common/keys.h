@@ -14,8 +14,10 @@
 namespace tarvik {
 
 /// Codes that only what stands under the game knows by name.
+inline constexpr int VK_RETURN = 0x0D;
 inline constexpr int VK_MENU = 0x12; // Alt
 inline constexpr int VK_F4 = 0x73;
+inline constexpr int VK_F11 = 0x7A;
 
 /// A key of a full keyboard.
 struct Key {

@@ -12,19 +12,13 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
+#include <string_view>
 
 namespace tarvik {
 
 namespace {
 
 bool keys_from_x11 = false;
-
-[[noreturn]] void exit_without(const char* what, const char* reason) {
-    std::fprintf(stderr, "%s: %s (%s)\n", program_invocation_short_name, what, reason);
-    SDL_Quit();
-    std::exit(EXIT_FAILURE);
-}
 
 void hint(const char* name, const char* value) {
     SDL_SetHintWithPriority(name, value, SDL_HINT_OVERRIDE);
@@ -36,8 +30,10 @@ void set_hints() {
     hint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");
     hint(SDL_HINT_MOUSE_AUTO_CAPTURE, "0");
     hint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
-    hint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0"); // the window does not fill the screen
+    hint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
+    hint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0"); // the window seldom fills the screen
     hint(SDL_HINT_VIDEO_WAYLAND_ALLOW_LIBDECOR, "0");       // nor does it have a frame
+    hint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");           // a detour over OpenGL
 }
 
 // The driver is always named. Left to itself SDL would rather draw into nothing than say that
@@ -63,34 +59,18 @@ bool start_wayland() {
     return std::getenv("XDG_RUNTIME_DIR") != nullptr && start_video("wayland");
 }
 
-void ask_for_colour_bits(int bits) {
-    SDL_GL_SetAttribute(SDL_GL_RED_SIZE, bits);
-    SDL_GL_SetAttribute(SDL_GL_GREEN_SIZE, bits);
-    SDL_GL_SetAttribute(SDL_GL_BLUE_SIZE, bits);
-}
-
-void ask_for_pixel_format() {
-    SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_COMPATIBILITY);
-    SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, 1);
-    SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, 16);
-}
-
-bool can_show_opengl() {
-    SDL_Window* window = SDL_CreateWindow("", 0, 0, 1, 1, SDL_WINDOW_OPENGL | SDL_WINDOW_HIDDEN);
-    SDL_GLContext context = window != nullptr ? SDL_GL_CreateContext(window) : nullptr;
-    const bool possible = context != nullptr;
-    if (possible) {
-        SDL_GL_DeleteContext(context);
+void start_video_or_exit() {
+    const char* variable = std::getenv("TARVIK_DISPLAY");
+    const std::string_view wanted = variable != nullptr ? variable : "";
+    if ((wanted == "wayland" || !start_x11()) && (wanted == "x11" || !start_wayland())) {
+        exit_without("no display", wanted.empty()
+                                       ? "neither an X11 nor a Wayland server can be reached"
+                                       : "TARVIK_DISPLAY asks for one that cannot be reached");
     }
-    if (window != nullptr) {
-        SDL_DestroyWindow(window);
-    }
-    return possible;
 }
 
 void choose_key_source() {
-    const char* driver = SDL_GetCurrentVideoDriver();
-    keys_from_x11 = driver != nullptr && std::strcmp(driver, "x11") == 0 && open_x11_keyboard();
+    keys_from_x11 = is_x11() && open_x11_keyboard();
     if (keys_from_x11) {
         SDL_EventState(SDL_SYSWMEVENT, SDL_ENABLE); // these carry the X events
         SDL_EventState(SDL_KEYDOWN, SDL_IGNORE);
@@ -107,21 +87,21 @@ void open_display_or_exit() {
     set_hints();
     SDL_SetMainReady();
     // SDL keeps the screen saver away, as the game does on Windows by swallowing its command.
-    if (!start_x11() && !start_wayland()) {
-        exit_without("no display", "neither an X11 nor a Wayland server can be reached");
-    }
+    start_video_or_exit();
     SDL_StopTextInput();
-    ask_for_pixel_format();
-    // Eight bits a colour, or as many as the display has.
-    ask_for_colour_bits(8);
-    if (!can_show_opengl()) {
-        ask_for_colour_bits(1);
-        if (!can_show_opengl()) {
-            exit_without("no OpenGL on this display", SDL_GetError());
-        }
-    }
     choose_key_source();
     watch_game_controllers();
+}
+
+void exit_without(const char* what, const char* reason) {
+    std::fprintf(stderr, "%s: %s (%s)\n", program_invocation_short_name, what, reason);
+    SDL_Quit();
+    std::exit(EXIT_FAILURE);
+}
+
+bool is_x11() {
+    const char* driver = SDL_GetCurrentVideoDriver();
+    return driver != nullptr && std::string_view(driver) == "x11";
 }
 
 void close_display() {

@@ -3,10 +3,19 @@
 
 namespace tarvik {
 
-/// Connects to the display and makes sure that it can show OpenGL pictures. Where it cannot, one
-/// line on standard error says what is missing and the program ends with exit code 1. Whoever has
-/// a main() calls this first and starts WinMain after it.
+/// Connects to the display. Where there is none, one line on standard error says so and the program
+/// ends with exit code 1. Whoever has a main() calls this first and starts WinMain after it.
+///
+/// X11 is tried before Wayland, since only an X server tells which keys are held while another
+/// window has the focus. The environment variable TARVIK_DISPLAY asks for one of them: `x11` or
+/// `wayland`.
 void open_display_or_exit();
+
+/// Ends the program with one line that says what is missing, and exit code 1.
+[[noreturn]] void exit_without(const char* what, const char* reason);
+
+/// Whether the display is an X server's.
+bool is_x11();
 
 /// Lets go of the display once WinMain has returned.
 void close_display();

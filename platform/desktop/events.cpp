@@ -3,6 +3,7 @@
 
 #include "platform/common/keys.h"
 #include "platform/desktop/close_signals.h"
+#include "platform/desktop/full_screen.h"
 #include "platform/desktop/game_controllers.h"
 #include "platform/desktop/mouse_messages.h"
 #include "platform/desktop/x11_errors.h"
@@ -108,7 +109,7 @@ void translate(std::span<const SDL_Event> from_event_on, MessageQueue& queue) {
         note_controller_event(event);
         break;
     }
-    if (wanted && !is_still_held_by_controller(message)) {
+    if (wanted && !take_full_screen_key(message) && !is_still_held_by_controller(message)) {
         queue.append_input(message);
     }
 }
@@ -131,6 +132,7 @@ void collect_messages(MessageQueue& queue) {
         }
     } while (count == static_cast<int>(events.size()));
     append_controller_messages(queue);
+    switch_full_screen_if_asked();
 }
 
 } // namespace tarvik

@@ -1,6 +1,8 @@
 // Mouse moves, buttons and the wheel.
 #include "platform/desktop/mouse_messages.h"
 
+#include "platform/desktop/picture.h"
+
 #include <SDL.h>
 
 #include <array>
@@ -34,17 +36,10 @@ WPARAM held_with_mouse(Uint32 buttons) {
     return held;
 }
 
-// While a button is held SDL goes on reporting the mouse outside the window; Windows does not.
-bool is_inside_window(Uint32 window_id, int x, int y) {
-    int width = 0;
-    int height = 0;
-    SDL_GetWindowSize(SDL_GetWindowFromID(window_id), &width, &height);
-    return x >= 0 && y >= 0 && x < width && y < height;
-}
-
 void move_message(const SDL_MouseMotionEvent& event, MessageQueue& queue) {
-    if (is_inside_window(event.windowID, event.x, event.y)) {
-        queue.append_input({WM_MOUSEMOVE, held_with_mouse(event.state), packed(event.x, event.y),
+    POINT pixel{};
+    if (find_game_pixel({event.x, event.y}, pixel)) {
+        queue.append_input({WM_MOUSEMOVE, held_with_mouse(event.state), packed(pixel.x, pixel.y),
                             event.timestamp});
     }
 }
@@ -72,9 +67,10 @@ void button_message(const SDL_MouseButtonEvent& event, MessageQueue& queue) {
         return;
     }
     message.wparam = held_with_mouse(SDL_GetMouseState(nullptr, nullptr)) | extra_button << 16U;
-    message.lparam = packed(event.x, event.y);
     message.time = event.timestamp;
-    if (is_inside_window(event.windowID, event.x, event.y)) {
+    POINT pixel{};
+    if (find_game_pixel({event.x, event.y}, pixel)) {
+        message.lparam = packed(pixel.x, pixel.y);
         queue.append_input(message);
     }
 }

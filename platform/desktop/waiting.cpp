@@ -1,7 +1,11 @@
 // Everything that waits: the pace of the pictures and Sleep.
 #include "platform/common/pacing.h"
+#include "platform/desktop/picture.h"
 #include "platform/win32.h"
 
+#include <SDL_events.h>
+
+#include <algorithm>
 #include <thread>
 
 namespace tarvik {
@@ -14,7 +18,17 @@ void wait_for_next_picture() {
 
 } // namespace tarvik
 
-// Sleeps through signals: a close request waits for its turn as it would on Windows.
+using namespace tarvik;
+
+// Sleeps through signals: a close request waits for its turn as it would on Windows. Only the
+// picture is kept up, as Windows itself would, where the window is uncovered or resized.
 extern "C" void WINAPI Sleep(DWORD milliseconds) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+    const auto end = PictureClock::now() + std::chrono::milliseconds(milliseconds);
+    for (auto now = PictureClock::now(); now < end; now = PictureClock::now()) {
+        std::this_thread::sleep_for(std::min<PictureClock::duration>(end - now, PICTURE_TIME));
+        SDL_PumpEvents();
+        if (SDL_HasEvent(SDL_WINDOWEVENT) == SDL_TRUE) {
+            show_picture_again();
+        }
+    }
 }

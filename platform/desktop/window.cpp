@@ -1,8 +1,11 @@
 // Window classes and the window.
+#include "platform/common/picture_area.h"
+#include "platform/desktop/display.h"
 #include "platform/desktop/game_window.h"
+#include "platform/desktop/picture.h"
+#include "platform/desktop/x11_desktop.h"
 
 #include <SDL.h>
-#include <SDL_opengl.h>
 
 #include <string>
 #include <utility>
@@ -24,12 +27,12 @@ auto find_class(LPCSTR name) {
     return entry;
 }
 
-// Until the first swap an X11 window shows whatever was on the screen before.
-void show_black(SDL_Window* window) {
-    if (SDL_GL_GetCurrentWindow() == window) {
-        glClear(GL_COLOR_BUFFER_BIT);
-        SDL_GL_SwapWindow(window);
-    }
+// How many times larger than asked for the window comes up, where pixels are small. A Wayland
+// compositor makes it larger itself.
+int enlargement(const SDL_Rect& display) {
+    constexpr int USUAL_DOTS_PER_INCH = 96;
+    const int whole = is_x11() ? x11_dots_per_inch() / USUAL_DOTS_PER_INCH : 1;
+    return starting_factor(whole * USUAL_DOTS_PER_INCH, display.w, display.h) / GAME_PIXELS;
 }
 
 } // namespace
@@ -76,7 +79,8 @@ BOOL WINAPI UnregisterClassA(LPCSTR class_name, HINSTANCE) {
 }
 
 // Position and size are those of the picture: a popup window has no frame. Like on Windows, the
-// positions count from the corner of the primary display.
+// positions count from the corner of the primary display. A window that is made larger keeps its
+// middle.
 HWND WINAPI CreateWindowExA(DWORD, LPCSTR class_name, LPCSTR title, DWORD, int x, int y, int width,
                             int height, HWND, HMENU, HINSTANCE, LPVOID) {
     const auto entry = find_class(class_name);
@@ -85,9 +89,11 @@ HWND WINAPI CreateWindowExA(DWORD, LPCSTR class_name, LPCSTR title, DWORD, int x
     }
     SDL_Rect primary{};
     SDL_GetDisplayBounds(0, &primary);
-    constexpr Uint32 FLAGS = SDL_WINDOW_OPENGL | SDL_WINDOW_BORDERLESS | SDL_WINDOW_HIDDEN;
-    SDL_Window* window =
-        SDL_CreateWindow(title, primary.x + x, primary.y + y, width, height, FLAGS);
+    const int factor = enlargement(primary);
+    const int left = primary.x + x - width * (factor - 1) / 2;
+    const int top = primary.y + y - height * (factor - 1) / 2;
+    constexpr Uint32 FLAGS = SDL_WINDOW_BORDERLESS | SDL_WINDOW_HIDDEN | SDL_WINDOW_ALLOW_HIGHDPI;
+    SDL_Window* window = SDL_CreateWindow(title, left, top, width * factor, height * factor, FLAGS);
     window_handle = reinterpret_cast<HWND>(window);
     window_procedure = entry->second;
     return window_handle;
@@ -102,7 +108,7 @@ BOOL WINAPI ShowWindow(HWND window, int show_command) {
     if (show_command == SW_SHOW) {
         SDL_ShowWindow(shown);
         SDL_RaiseWindow(shown);
-        show_black(shown);
+        show_picture_again(); // until then an X11 window shows what was on the screen before
     } else {
         SDL_HideWindow(shown);
     }

@@ -1,0 +1,53 @@
+// Where the picture is in a window of any size: whole pixels only, in the middle, black around it.
+#pragma once
+
+#include <algorithm>
+
+namespace tarvik {
+
+// The picture in logical pixels, and how many of the game's own make up one of them each way.
+inline constexpr int LOGICAL_WIDTH = 320;
+inline constexpr int LOGICAL_HEIGHT = 240;
+inline constexpr int GAME_PIXELS = 2;
+
+/// The largest whole number of device pixels for each logical one with which the picture fits.
+constexpr int largest_factor(int width, int height) {
+    return std::max(1, std::min(width / LOGICAL_WIDTH, height / LOGICAL_HEIGHT));
+}
+
+/// The factor for a window at its start on a display of so many dots per inch, 96 being usual.
+/// Never more than the display has room for, nor less than what the game asks for.
+constexpr int starting_factor(int dots_per_inch, int display_width, int display_height) {
+    return std::max(GAME_PIXELS, std::min(GAME_PIXELS * dots_per_inch / 96,
+                                          largest_factor(display_width, display_height)));
+}
+
+struct PictureArea {
+    int factor; ///< device pixels for each logical one
+    int left;   ///< left edge in the window; negative where the window is too small
+    int top;
+    int below; ///< rows of the window under the picture
+
+    /// Whether a place in the window is in the picture.
+    constexpr bool contains(int x, int y) const {
+        return x >= left && x < left + LOGICAL_WIDTH * factor && y >= top &&
+               y < top + LOGICAL_HEIGHT * factor;
+    }
+
+    // From a place in the window to the game's own pixel there.
+    constexpr int game_x(int x) const {
+        return (x - left) * GAME_PIXELS / factor;
+    }
+    constexpr int game_y(int y) const {
+        return (y - top) * GAME_PIXELS / factor;
+    }
+};
+
+constexpr PictureArea picture_area(int window_width, int window_height) {
+    const int factor = largest_factor(window_width, window_height);
+    const int black_rows = window_height - LOGICAL_HEIGHT * factor;
+    return {factor, (window_width - LOGICAL_WIDTH * factor) / 2, black_rows / 2,
+            black_rows - black_rows / 2};
+}
+
+} // namespace tarvik

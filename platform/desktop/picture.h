@@ -1,0 +1,14 @@
+// The picture in the window. Private to the layer.
+#pragma once
+
+#include "platform/win32.h"
+
+namespace tarvik {
+
+/// Shows the last picture once more, for a window that has been uncovered or has another size now.
+void show_picture_again();
+
+/// Finds the game's own pixel at a place in the window. False beside the picture.
+bool find_game_pixel(POINT place, POINT& pixel);
+
+} // namespace tarvik
