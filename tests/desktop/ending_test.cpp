@@ -108,11 +108,4 @@ TEST_F(Ending, NobodyListensToStandardError) {
     close(ends[1]);
 }
 
-TEST_F(Ending, ADisplayWhoseDriverIsMissing) {
-    start_game(server_.display(), {TARVIK_PROGRAM}, {{"LIBGL_DRIVERS_PATH", "/nowhere"}});
-    EXPECT_EQ(game_->wait(10s), 1);
-    const std::string errors = read(folder_ / "errors"); // the library adds lines of its own
-    EXPECT_NE(errors.find("\ntarvik: no OpenGL on this display"), std::string::npos) << errors;
-}
-
 } // namespace tarvik
