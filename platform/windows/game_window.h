@@ -1,8 +1,8 @@
 // The window that the game has opened.
 #pragma once
 
+#include "platform/common/picture_area.h"
 #include "platform/win32.h"
-#include "platform/windows/picture_area.h"
 
 namespace tarvik {
 

@@ -35,9 +35,8 @@ LRESULT pass_mouse_move(HWND window, WPARAM buttons, LPARAM place) {
     if (!area.contains(x, y)) {
         return 0;
     }
-    const int game_x = (x - area.left) * GAME_PIXELS / area.factor;
-    const int game_y = (y - area.top) * GAME_PIXELS / area.factor;
-    return game_procedure(window, WM_MOUSEMOVE, buttons, MAKELPARAM(game_x, game_y));
+    return game_procedure(window, WM_MOUSEMOVE, buttons,
+                          MAKELPARAM(area.game_x(x), area.game_y(y)));
 }
 
 LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
