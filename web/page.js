@@ -1,4 +1,4 @@
-// The page around the game: loading, starting, the end, and the size of the picture.
+// The page around the game: loading, starting and the end.
 //
 // What a program that looks on may rely on, besides the ids in index.html:
 //   <html data-state="...">  loading, ready (waits for the button), starting (unpacks the first
@@ -6,14 +6,12 @@
 //   #game                    the canvas, 640 by 480 pixels; has the focus while somebody drives
 //   #start                   the button that starts the race and the next one
 //   window.tarvik.pictures   pictures shown since the race began
+//   window.tarvik.laps       laps completed since then: { track, frames }, the penalty included
+// The document gets a "statechange" event whenever data-state has changed.
 'use strict';
-
-window.tarvik = { pictures: 0 };
 
 (() => {
   const DATA = ['data/race1.map', 'data/race2.map', 'data/graphics.dat'];
-  const BLOCKS_ACROSS = 320;
-  const BLOCKS_DOWN = 240;
 
   const element = (id) => document.getElementById(id);
   const canvas = element('game');
@@ -35,19 +33,21 @@ window.tarvik = { pictures: 0 };
     button.disabled = !(state === 'ready' || state === 'ended' || state === 'failed');
     canvas.tabIndex = state === 'starting' || state === 'racing' ? 0 : -1;
     showStatus();
+    document.dispatchEvent(new Event('statechange'));
   }
 
   function showStatus() {
     const state = document.documentElement.dataset.state;
+    const touch = window.tarvik.touch.matches;
     const texts = {
       loading: '',
-      ready: 'Enter starts the race.',
+      ready: touch ? 'In landscape the picture is between your thumbs.' : 'Enter starts the race.',
       starting: '',
       racing:
         document.activeElement === canvas
           ? 'Escape ends the race.'
           : 'The keys go elsewhere. Click the picture to drive on.',
-      ended: 'Enter starts the next race.',
+      ended: touch ? '' : 'Enter starts the next race.',
       failed: '',
     };
     element('status').textContent = texts[state];
@@ -163,6 +163,7 @@ window.tarvik = { pictures: 0 };
           setState('racing');
         }
       },
+      lapCompleted: (track, frames) => window.tarvik.laps.push({ track, frames }),
     });
     const code = await game.ccall('main', 'number', ['number', 'number'], [0, 0], { async: true });
     if (code !== 0) {
@@ -170,11 +171,21 @@ window.tarvik = { pictures: 0 };
     }
   }
 
-  function drivenTime() {
+  function result() {
     const seconds = Math.round(window.tarvik.pictures / 60);
     const minutes = Math.floor(seconds / 60);
-    const parts = minutes > 0 ? [`${minutes} min`, `${seconds % 60} s`] : [`${seconds} s`];
-    return parts.join(' ');
+    const time = minutes > 0 ? `${minutes} min ${seconds % 60} s` : `${seconds} s`;
+    const tracks = [1, 2].map((track) => {
+      const laps = window.tarvik.laps.filter((lap) => lap.track === track).map((lap) => lap.frames);
+      return { track, laps: laps.length, best: Math.min(...laps) };
+    });
+    const lines = tracks
+      .filter(({ laps }) => laps > 0)
+      .map(({ track, laps, best }) => {
+        const completed = laps === 1 ? '1 lap' : `${laps} laps`;
+        return `Track ${track}: ${completed} completed, best lap ${best} frames (${(best / 60).toFixed(2)} s).`;
+      });
+    return [`You drove for ${time}.`, ...(lines.length > 0 ? lines : ['No lap completed.'])].join('\n');
   }
 
   async function start() {
@@ -183,44 +194,20 @@ window.tarvik = { pictures: 0 };
       return;
     }
     window.tarvik.pictures = 0;
+    window.tarvik.laps = [];
     progress.removeAttribute('value');
     setState('starting', 'Here we go', 'The track is being unpacked.');
-    canvas.focus();
+    canvas.focus({ preventScroll: true });
     try {
       await race();
       button.textContent = 'Race again';
-      setState('ended', 'The race is over', `You drove for ${drivenTime()}.`);
+      setState('ended', 'The race is over', result());
       button.focus();
     } catch (error) {
       fail(error);
     }
   }
 
-  // --- Size --------------------------------------------------------------------------------------
-
-  // The game draws 320 by 240 pixels, each as a block of two by two on the canvas. Such a block gets
-  // the largest whole number of screen pixels, from two on, that leaves room for the words, and the
-  // picture a place where screen pixels begin. So every block looks the same. Only in a window
-  // smaller than the picture is the picture made smaller.
-  function fit() {
-    const root = document.documentElement;
-    const rem = parseFloat(getComputedStyle(root).fontSize);
-    const scale = window.devicePixelRatio || 1;
-    const beside = window.innerWidth >= 64 * rem ? 25 * rem : 3 * rem;
-    const width = (root.clientWidth - beside) * scale;
-    const height = (window.innerHeight - 5 * rem) * scale;
-    const block = Math.max(2, Math.floor(Math.min(width / BLOCKS_ACROSS, height / BLOCKS_DOWN)));
-    root.style.setProperty('--width', `${(BLOCKS_ACROSS * block) / scale}px`);
-    root.style.setProperty('--left', '0px');
-    root.style.setProperty('--top', '0px');
-    const place = canvas.getBoundingClientRect();
-    const toPixel = (at) => `${Math.round(at * scale) / scale - at}px`;
-    root.style.setProperty('--left', toPixel(place.left + window.scrollX));
-    root.style.setProperty('--top', toPixel(place.top + window.scrollY));
-  }
-
-  fit();
-  window.addEventListener('resize', fit);
   canvas.addEventListener('focus', showStatus);
   canvas.addEventListener('blur', showStatus);
   button.addEventListener('click', start);

@@ -1,8 +1,9 @@
-// Keyboard and mouse events as messages, and the state of the keys.
+// Keyboard, mouse and controllers as messages, and the state of the keys.
 #include "platform/web/input.h"
 
 #include "platform/common/keys.h"
 #include "platform/common/message_queue.h"
+#include "platform/web/controllers.h"
 #include "platform/web/page.h"
 
 #include <emscripten/html5.h>
@@ -59,7 +60,9 @@ EM_BOOL on_key(int type, const EmscriptenKeyboardEvent* event, void*) {
     if (page_has_focus() == 0) {
         return EM_FALSE;
     }
-    queue.append_input(message);
+    if (change.down || !controller_keys.holds(static_cast<int>(message.wparam))) {
+        queue.append_input(message);
+    }
     return is_key_of_game(message.wparam) && !event->ctrlKey && !event->altKey && !event->metaKey;
 }
 
@@ -79,6 +82,10 @@ EM_BOOL on_mouse_move(int, const EmscriptenMouseEvent* event, void*) {
     const auto y = static_cast<int>(event->targetY * GetSystemMetrics(SM_CYSCREEN) / height);
     queue.append_input({WM_MOUSEMOVE, 0, static_cast<LPARAM>(y << 16 | x), now()});
     return EM_FALSE;
+}
+
+bool keyboard_holds(int virtual_key) {
+    return held.at(static_cast<std::size_t>(virtual_key));
 }
 
 } // namespace
@@ -101,6 +108,8 @@ using namespace tarvik;
 extern "C" {
 
 BOOL WINAPI PeekMessageA(LPMSG message, HWND window, UINT, UINT, UINT) {
+    look_at_controllers();
+    controller_keys.append_messages(queue, now(), keyboard_holds);
     Message next{};
     if (!queue.take(next)) {
         return FALSE;
@@ -110,6 +119,7 @@ BOOL WINAPI PeekMessageA(LPMSG message, HWND window, UINT, UINT, UINT) {
 }
 
 SHORT WINAPI GetAsyncKeyState(int virtual_key) {
-    return static_cast<SHORT>(held.at(static_cast<std::size_t>(virtual_key)) ? -0x8000 : 0);
+    const bool down = keyboard_holds(virtual_key) || controller_keys.holds(virtual_key);
+    return static_cast<SHORT>(down ? -0x8000 : 0);
 }
 }

@@ -21,6 +21,13 @@ void page_show_picture(const DWORD* pixels, int width, int height);
 /// can.
 void page_wait_for_picture(double milliseconds);
 
+/// Tells the page of a lap completed on a track: its result, in frames.
+void page_lap_completed(int track, int frames);
+
+/// Whether the browser lets the page look at controllers; some frames of other sites' pages may
+/// not.
+int page_may_look_at_controllers();
+
 /// Whether the keyboard belongs to the canvas.
 int page_has_focus();
 

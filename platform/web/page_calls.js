@@ -1,7 +1,8 @@
 // The page's part of the layer, by the names of page.h; emscripten links it with the program.
 //
 // `Module` is what the page hands to createTarvik: `canvas`; `files`, a map from names such as
-// "data/race1.map" to Uint8Arrays packed by gzip; and `pictureShown`, called after each picture.
+// "data/race1.map" to Uint8Arrays packed by gzip; `pictureShown`, called after each picture; and
+// `lapCompleted`, called with a lap's track and result.
 mergeInto(LibraryManager.library, {
   $page: {
     picture: null, // ImageData over the program's own memory
@@ -59,6 +60,18 @@ mergeInto(LibraryManager.library, {
         timer = setTimeout(goOn, Math.max(0, milliseconds + LATE));
       }
     });
+  },
+
+  page_lap_completed: function (track, frames) {
+    Module['lapCompleted'](track, frames);
+  },
+
+  page_may_look_at_controllers: function () {
+    try {
+      return navigator.getGamepads() ? 1 : 0;
+    } catch (error) {
+      return 0;
+    }
   },
 
   page_has_focus: function () {

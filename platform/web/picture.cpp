@@ -1,9 +1,13 @@
 // From the game's picture to the canvas, 60 times a second.
 #include "platform/common/pacing.h"
+#include "platform/web/controllers.h"
+#include "platform/web/laps.h"
 #include "platform/web/page.h"
 
 #include <emscripten.h>
 
+#include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace tarvik {
@@ -57,12 +61,19 @@ void glDrawPixels(GLsizei width, GLsizei height, GLenum, GLenum, const GLvoid* p
 
 BOOL WINAPI SwapBuffers(HDC) {
     page_show_picture(picture.data(), picture_width, picture_height);
+    report_lap();
     wait_for_next_picture();
     return TRUE;
 }
 
+/// In parts, for a tap on a controller that nobody looks at is lost.
 void WINAPI Sleep(DWORD milliseconds) {
-    emscripten_sleep(milliseconds);
+    constexpr double PART = 15;
+    const double end = emscripten_get_now() + milliseconds;
+    for (double left = milliseconds; left > 0; left = end - emscripten_get_now()) {
+        emscripten_sleep(static_cast<unsigned>(std::ceil(std::min(left, PART))));
+        look_at_controllers();
+    }
 }
 
 // The canvas needs neither a pixel format nor a context: any handle will do.

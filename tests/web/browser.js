@@ -1,83 +1,83 @@
-// What the tests in the browser share: server, Chromium, the open page, its pictures, and the same
-// race in the game without a browser.
-import { execFile, spawn } from 'node:child_process';
-import { readFile } from 'node:fs/promises';
-import { fileURLToPath } from 'node:url';
+// What the tests of the page share: server, browser, open pages, and the same race in the game
+// without a browser.
+import { after, before } from 'node:test';
 import { strict as assert } from 'node:assert';
-import { chromium } from 'playwright-core';
+import { execFile, spawn } from 'node:child_process';
+import { createHash } from 'node:crypto';
+import { once } from 'node:events';
+import { fileURLToPath } from 'node:url';
+import { promisify } from 'node:util';
+import puppeteer from 'puppeteer-core';
 
 const ROOT = fileURLToPath(new URL('../../', import.meta.url));
-const REPLAY = `${ROOT}build/test/bin/tarvik-replay`;
-const DATA = `${ROOT}build/release/bin/data`;
-const SITE = `${ROOT}build/web/site`;
+export const SITE = `${ROOT}build/web/site`;
+const PATIENCE = 120_000; // ms for what only a busy machine makes slow
 
-export const WIDTH = 640;
-export const HEIGHT = 480;
-const OPENING = 10_000; // ms from the address to the button, and from there to the first picture
-const PATIENCE = 60_000; // ms for what only a busy machine makes slow
+// The sandbox is for strangers' pages, and neither root nor most containers can have it.
+const BROWSERS = {
+  chrome: {
+    browser: 'chrome',
+    executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium',
+    args: ['--no-sandbox', '--force-color-profile=srgb'],
+  },
+  firefox: { browser: 'firefox', executablePath: process.env.FIREFOX ?? '/usr/bin/firefox-esr' },
+};
 
-let server;
-let browser;
+export let browser;
 export let address;
 
-/// Serves the page as ./play --web does and starts Chromium, whose sandbox is for pages of
-/// strangers and cannot be had by root or in most containers.
-export async function startBrowser() {
-  server = spawn(`${ROOT}tools/serve-web`, [SITE], { stdio: ['ignore', 'pipe', 'inherit'] });
-  address = await new Promise((resolve, reject) => {
-    server.on('exit', () => reject(new Error('the server has ended')));
-    server.stdout.once('data', (text) => resolve(/http:\S+/.exec(text)[0]));
+/// Serves the page as ./play --web does, and starts a browser for the tests around the call.
+export function inBrowser(name = 'chrome') {
+  let server;
+  before(async () => {
+    server = spawn(`${ROOT}tools/serve-web`, [SITE], { stdio: ['ignore', 'pipe', 'inherit'] });
+    const [words] = await once(server.stdout, 'data');
+    address = /http:\S+/.exec(words)[0];
+    browser = await puppeteer.launch({ ...BROWSERS[name], timeout: PATIENCE, protocolTimeout: PATIENCE });
   });
-  browser = await chromium.launch({
-    executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium',
-    args: ['--force-color-profile=srgb'],
+  after(async () => {
+    await browser?.close();
+    server.kill();
   });
 }
 
-export async function stopBrowser() {
-  await browser?.close();
-  server?.kill();
-}
-
-/// Opens an empty page in a profile of its own.
-export async function openEmpty(options = {}) {
-  const context = await browser.newContext({ viewport: { width: 1280, height: 720 }, ...options });
+/// An empty page in a profile of its own, for one test; nothing may go wrong in it but what the test
+/// forgives.
+export async function openPage(t, { width = 1280, height = 720, scale = 1, touch = false, colours = 'light' } = {}) {
+  const context = await browser.createBrowserContext();
   const page = await context.newPage();
-  page.setDefaultTimeout(PATIENCE);
   page.faults = [];
+  t.after(async () => {
+    await context.close();
+    assert.deepEqual(page.faults, []);
+  });
+  page.setDefaultTimeout(PATIENCE);
   page.on('pageerror', (error) => page.faults.push(`error: ${error.message}`));
   page.on('requestfailed', (request) => page.faults.push(`not loaded: ${request.url()}`));
   page.on('response', (answer) => answer.status() >= 400 && page.faults.push(`${answer.status()}: ${answer.url()}`));
-  page.on('console', (line) => {
-    if (['error', 'warning', 'assert'].includes(line.type())) {
-      page.faults.push(`console: ${line.text()}`);
-    }
-  });
-  await page.addInitScript(watchKeys);
+  page.on('console', (line) => /error|warn|assert/.test(line.type()) && page.faults.push(`console: ${line.text()}`));
+  await page.setViewport({ width, height, deviceScaleFactor: scale, isMobile: touch, hasTouch: touch });
+  if (colours === 'dark') {
+    await page.emulateMediaFeatures([{ name: 'prefers-color-scheme', value: colours }]);
+  }
+  await page.evaluateOnNewDocument(noteKeys);
   return page;
 }
 
-/// Opens the game's page; it is ready within the time that a player is promised.
-export async function openGame(options) {
-  const page = await openEmpty(options);
+export async function openGame(t, options) {
+  const page = await openPage(t, options);
   await page.goto(address);
-  await inState(page, 'ready', OPENING);
+  await inState(page, 'ready');
   return page;
 }
 
-/// Closes a page in which nothing must have gone wrong.
-export async function close(page) {
-  await page.context().close();
-  assert.deepEqual(page.faults, []);
-}
-
-export async function inState(page, state, timeout = PATIENCE) {
-  await page.locator(`html[data-state="${state}"]`).waitFor({ state: 'attached', timeout });
-}
+export const inState = (page, state) => page.waitForSelector(`html[data-state="${state}"]`);
+export const focused = (page) => page.evaluate(() => document.activeElement.id);
+export const textOf = (page, selector) => page.$eval(selector, (element) => element.textContent);
 
 export async function startRace(page) {
   await page.keyboard.press('Enter'); // the button has the focus
-  await inState(page, 'racing', OPENING);
+  await inState(page, 'racing');
   await picturesLater(page, 2);
 }
 
@@ -90,15 +90,15 @@ export async function endRace(page) {
 
 export async function picturesLater(page, count) {
   const goal = count + (await page.evaluate(() => window.tarvik.pictures));
-  await page.waitForFunction((pictures) => window.tarvik.pictures >= pictures, goal);
+  await page.waitForFunction((pictures) => window.tarvik.pictures >= pictures, {}, goal);
 }
 
 /// In the page: notes which key the game got after how many pictures.
-function watchKeys() {
+function noteKeys() {
   window.seenKeys = [];
-  const note = (event) => {
-    if (document.activeElement?.id === 'game' && event.key !== 'Enter') {
-      window.seenKeys.push([window.tarvik.pictures + 1, event.keyCode, event.type === 'keydown' ? 1 : 0]);
+  const note = ({ code, type }) => {
+    if (document.activeElement?.id === 'game' && !code.includes('Enter')) {
+      window.seenKeys.push(`${window.tarvik.pictures + 1},${type === 'keydown' ? 1 : 0},${code}`);
     }
   };
   window.addEventListener('keydown', note, true);
@@ -106,90 +106,23 @@ function watchKeys() {
   window.addEventListener('click', (event) => event.target.id === 'start' && (window.seenKeys = []), true);
 }
 
-/// What the canvas holds now, the number of that picture in the race, and the keys up to it.
-export async function canvasOf(page) {
-  const { url, ...rest } = await page.evaluate(async () => {
-    const canvas = document.getElementById('game');
-    const copy = new OffscreenCanvas(canvas.width, canvas.height).getContext('2d', { willReadFrequently: true });
-    copy.drawImage(canvas, 0, 0);
-    const { data } = copy.getImageData(0, 0, canvas.width, canvas.height);
-    const found = { number: window.tarvik.pictures, keys: [...window.seenKeys] };
-    const reader = new FileReader();
-    await new Promise((done) => ((reader.onload = done), reader.readAsDataURL(new Blob([data]))));
-    return { ...found, url: reader.result };
-  });
-  return { ...rest, pixels: Buffer.from(url.slice(url.indexOf(',') + 1), 'base64') };
-}
-
-/// The picture with that number and what the game knows then, from the same keys on this system.
-export function replay({ number, keys }) {
-  const wanted = [DATA, String(number), ...keys.map((key) => key.join(','))];
-  return new Promise((resolve, reject) => {
-    execFile(REPLAY, wanted, { encoding: 'buffer', maxBuffer: 1e8 }, (error, pixels, state) =>
-      error ? reject(error) : resolve({ pixels, state: JSON.parse(state.toString()) }),
-    );
-  });
-}
-
-/// Holds the canvas against the same race without a browser, pixel by pixel; returns what the game
-/// knows.
+/// Plays the race so far again without a browser: the canvas must show the same picture, pixel by
+/// pixel. Returns what the game knows then.
 export async function assertSameAsReplay(page) {
-  const seen = await canvasOf(page);
-  const expected = await replay(seen);
-  assertSamePixels(seen.pixels, expected.pixels, `picture ${seen.number} after keys ${seen.keys.join(' ')}`);
-  return { ...expected.state, pixels: seen.pixels };
-}
-
-export function assertSamePixels(seen, expected, what) {
-  assert.equal(seen.length, expected.length, `size of ${what}`);
-  let different = 0;
-  for (let at = 0; at < seen.length; at += 4) {
-    different += seen.readUInt32LE(at) === expected.readUInt32LE(at) ? 0 : 1;
-  }
-  assert.equal(different, 0, `different pixels in ${what}`);
-}
-
-/// A PNG as bytes of red, green, blue, alpha; Chromium unpacks it.
-export async function pixelsOf(png) {
-  const page = await openEmpty();
-  const url = await page.evaluate(async (source) => {
-    const image = await createImageBitmap(await (await fetch(source)).blob(), { colorSpaceConversion: 'none' });
-    const copy = new OffscreenCanvas(image.width, image.height).getContext('2d', { willReadFrequently: true });
-    copy.drawImage(image, 0, 0);
-    const reader = new FileReader();
-    const { data } = copy.getImageData(0, 0, image.width, image.height);
-    await new Promise((done) => ((reader.onload = done), reader.readAsDataURL(new Blob([data]))));
-    return reader.result;
-  }, `data:image/png;base64,${png.toString('base64')}`);
-  await page.context().close();
-  return Buffer.from(url.slice(url.indexOf(',') + 1), 'base64');
-}
-
-/// The canvas on the screen: its pixels, its size in pixels of the screen, and how many of them one
-/// of the game's blocks of two by two is wide.
-export async function screenOf(page) {
-  const clip = await page.locator('#game').boundingBox();
-  const size = { width: clip.width, height: clip.height };
-  return { pixels: await pixelsOf(await page.screenshot({ clip })), size, block: (2 * size.width) / WIDTH };
-}
-
-/// Memory of the process that the page is in, bytes: now, after what is no longer used has gone, and
-/// the most it ever was.
-export async function memoryOf(page) {
-  const own = await page.context().newCDPSession(page);
-  await own.send('HeapProfiler.collectGarbage');
-  await own.detach();
-  const session = await browser.newBrowserCDPSession();
-  const { processInfo } = await session.send('SystemInfo.getProcessInfo');
-  await session.detach();
-  const memories = await Promise.all(
-    processInfo
-      .filter(({ type }) => type === 'renderer')
-      .map(async ({ id }) => {
-        const status = await readFile(`/proc/${id}/status`, 'utf8');
-        const bytes = (name) => 1024 * Number(new RegExp(`${name}:\\s+(\\d+)`).exec(status)[1]);
-        return { now: bytes('VmRSS'), most: bytes('VmHWM') };
-      }),
+  const seen = await page.evaluate(async () => {
+    const copy = new OffscreenCanvas(640, 480).getContext('2d');
+    copy.drawImage(document.getElementById('game'), 0, 0);
+    const { data } = copy.getImageData(0, 0, 640, 480);
+    const found = { picture: window.tarvik.pictures, keys: [...window.seenKeys] };
+    const digest = new Uint8Array(await crypto.subtle.digest('SHA-256', data));
+    return { ...found, digest: Array.from(digest, (byte) => byte.toString(16).padStart(2, '0')).join('') };
+  });
+  const { stdout, stderr } = await promisify(execFile)(
+    `${ROOT}build/test/bin/tarvik-replay`,
+    [`${ROOT}build/release/bin/data`, String(seen.picture), ...seen.keys],
+    { encoding: 'buffer', maxBuffer: 1e8 },
   );
-  return memories.reduce((largest, each) => (each.now > largest.now ? each : largest));
+  const expected = createHash('sha256').update(stdout).digest('hex');
+  assert.equal(seen.digest, expected, `picture ${seen.picture} after keys ${seen.keys.join(' ')}`);
+  return { ...JSON.parse(stderr.toString()), picture: seen.picture, digest: seen.digest };
 }

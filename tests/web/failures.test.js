@@ -1,28 +1,36 @@
 // What the player is told when something is missing.
-import { after, before, test } from 'node:test';
+import { test } from 'node:test';
 import { strict as assert } from 'node:assert';
+import { readFile } from 'node:fs/promises';
 import * as web from './browser.js';
 
-before(web.startBrowser);
-after(web.stopBrowser);
+web.inBrowser();
 
 async function assertTold(page, words) {
   await web.inState(page, 'failed');
-  const text = page.locator('#curtain-text');
-  await text.waitFor({ state: 'visible' });
-  assert.match(await text.textContent(), words);
-  assert.equal(await page.evaluate(() => document.activeElement.id), 'start');
+  await page.waitForSelector('#curtain-text', { visible: true });
+  assert.match(await web.textOf(page, '#curtain-text'), words);
+  assert.equal(await web.focused(page), 'start');
+  page.faults.length = 0; // the browser's console has them too
 }
 
-test('no WebAssembly, or no memory for it', async () => {
-  const without = await web.openEmpty();
-  await without.addInitScript(() => delete window.WebAssembly);
+/// Answers requests by `answer`, given the name of the file, where that returns something.
+async function answerWith(page, answer) {
+  await page.setRequestInterception(true);
+  page.on('request', async (request) => {
+    const given = await answer(request.url().slice(web.address.length));
+    await (given ? request.respond(given) : request.continue());
+  });
+}
+
+test('no WebAssembly, or no memory for it', async (t) => {
+  const without = await web.openPage(t);
+  await without.evaluateOnNewDocument(() => delete window.WebAssembly);
   await without.goto(web.address);
   await assertTold(without, /WebAssembly/);
-  await without.context().close();
 
-  const small = await web.openEmpty();
-  await small.addInitScript(() => {
+  const small = await web.openPage(t);
+  await small.evaluateOnNewDocument(() => {
     WebAssembly.Memory = function () {
       throw new RangeError('WebAssembly.Memory(): could not allocate memory');
     };
@@ -31,38 +39,43 @@ test('no WebAssembly, or no memory for it', async () => {
   await web.inState(small, 'ready');
   await small.keyboard.press('Enter');
   await assertTold(small, /350 MB of memory/);
-  await small.context().close();
 });
 
-test('a file that is missing or damaged, and trying again', async () => {
-  for (const name of ['tarvik.wasm', 'tarvik.js', 'data/race2.map.gz', 'data/graphics.dat.gz']) {
-    const page = await web.openEmpty();
-    await page.route(`**/${name}`, (route) => route.fulfill({ status: 404, body: 'not here' }));
+for (const [missing, words] of [
+  ['tarvik.wasm', /tarvik.wasm could not be loaded/],
+  ['tarvik.js', /tarvik.js could not be loaded/],
+  ['data/race2.map.gz', /race2.map.gz could not be loaded/],
+]) {
+  test(`${missing} is missing or not what it should be, and comes back`, async (t) => {
+    const page = await web.openPage(t);
+    let answer = { status: 404, body: 'not here' };
+    await answerWith(page, (name) => (name === missing ? answer : null));
     await page.goto(web.address);
-    await assertTold(page, new RegExp(`${name} could not be loaded`));
-    await page.unroute(`**/${name}`);
+    await assertTold(page, words);
+    if (missing === 'tarvik.wasm') {
+      answer = { body: 'no program' };
+      await page.keyboard.press('Enter');
+      await page.waitForFunction(() => /The game stopped/.test(document.getElementById('curtain-text').textContent));
+      await assertTold(page, /The game stopped/);
+    }
+    answer = null;
     await page.keyboard.press('Enter');
     await web.inState(page, 'ready');
-    await page.context().close();
-  }
+  });
+}
 
-  const page = await web.openEmpty();
-  await page.route('**/tarvik.wasm', (route) => route.fulfill({ body: 'no program' }));
-  await page.goto(web.address);
-  await assertTold(page, /The game stopped/);
-  await page.context().close();
-});
-
-test('a map or an archive that ends early is read as far as it goes', async () => {
-  const page = await web.openEmpty();
-  await page.route('**/*.gz', async (route) => {
-    const body = await (await route.fetch()).body();
-    await route.fulfill({ body: body.subarray(0, body.length / 2) });
+test('a map or an archive that ends early is read as far as it goes', async (t) => {
+  const page = await web.openPage(t);
+  await answerWith(page, async (name) => {
+    if (name.endsWith('.gz')) {
+      const body = await readFile(`${web.SITE}/${name}`);
+      return { body: body.subarray(0, body.length / 2) };
+    }
+    return null;
   });
   await page.goto(web.address);
   await web.inState(page, 'ready');
   await web.startRace(page);
   await web.picturesLater(page, 10);
   await web.endRace(page);
-  await web.close(page);
 });

@@ -1,8 +1,10 @@
 // Plays the keys of a race in the browser again, on this system: tarvik-replay DATA PICTURE KEY...
 //
-// KEY is "frame,virtual-key,1 or 0": pressed or released before that frame takes its message. The
-// picture of frame PICTURE goes to standard output as the canvas has it, rows from the top down,
-// red, green, blue and 255; what the game knows by then, as JSON, to standard error.
+// KEY is "frame,1 or 0,code", the code as browsers call it: pressed or released before that frame
+// takes its message. The picture of frame PICTURE goes to standard output as the canvas has it,
+// rows from the top down, red, green, blue and 255; what the game knows by then, as JSON, to
+// standard error.
+#include "platform/common/keys.h"
 #include "race/race_state.h"
 #include "tests/support/program.h"
 
@@ -19,8 +21,8 @@ namespace {
 using namespace tarvik;
 using namespace tarvik::test;
 
-struct Key {
-    int code;
+struct KeyEvent {
+    int virtual_key;
     int down;
 };
 
@@ -34,24 +36,23 @@ std::vector<std::uint8_t> file_of(const std::string& name) {
 }
 
 void write_picture() {
-    std::vector<std::uint8_t> rows;
     const Picture& picture = pictures.back();
     for (int y = 0; y < picture.height; ++y) {
         for (int x = 0; x < picture.width; ++x) {
             const Pixel pixel = picture.device(x, y);
             for (const int value : {pixel.red, pixel.green, pixel.blue, 255}) {
-                rows.push_back(static_cast<std::uint8_t>(value));
+                std::putchar(value);
             }
         }
     }
-    std::fwrite(rows.data(), 1, rows.size(), stdout);
 }
 
 void write_state() {
-    std::fprintf(stderr, R"({"race":%d,"gear":%d,"speed":%g,"x":%g,"y":%g,"cycle":%d})",
+    std::fprintf(stderr,
+                 R"({"race":%d,"gear":%d,"speed":%g,"heading":%g,"y":%g,"cycle":%d,"best":%d})",
                  race_number, gear[PLAYER_SLOT], static_cast<double>(speed[PLAYER_SLOT]),
-                 static_cast<double>(car_x[PLAYER_SLOT]), static_cast<double>(car_y[PLAYER_SLOT]),
-                 cycle[PLAYER_SLOT]);
+                 static_cast<double>(heading[PLAYER_SLOT]), static_cast<double>(car_y[PLAYER_SLOT]),
+                 cycle[PLAYER_SLOT], best_cycle[PLAYER_SLOT]);
 }
 
 } // namespace
@@ -62,21 +63,23 @@ int main(int count, char** arguments) {
     }
     const std::string data = arguments[1];
     const int last = std::atoi(arguments[2]);
-    std::multimap<int, Key> keys;
+    std::multimap<int, KeyEvent> keys;
     for (int i = 3; i < count; ++i) {
         int frame = 0;
-        Key key{};
-        if (std::sscanf(arguments[i], "%d,%d,%d", &frame, &key.code, &key.down) != 3) {
+        int down = 0;
+        char code[32];
+        if (std::sscanf(arguments[i], "%d,%d,%31s", &frame, &down, code) != 3) {
             return EXIT_FAILURE;
         }
-        keys.emplace(frame, key);
+        keys.insert({frame, {virtual_key_of(place_of_web_code(code), 0, true), down}});
     }
     install_data(file_of(data + "/race1.map"), file_of(data + "/race2.map"),
                  file_of(data + "/graphics.dat"));
     return run_program(last, [&](int frame) {
         const auto [begin, end] = keys.equal_range(frame);
         for (auto key = begin; key != end; ++key) {
-            key->second.down != 0 ? press(key->second.code) : release(key->second.code);
+            const auto& [virtual_key, down] = key->second;
+            down != 0 ? press(virtual_key) : release(virtual_key);
         }
         if (frame == last + 1) {
             write_picture();

@@ -1,0 +1,139 @@
+// A telephone or tablet: driving with thumbs between which the picture is.
+import { test } from 'node:test';
+import { strict as assert } from 'node:assert';
+import * as web from './browser.js';
+
+web.inBrowser();
+
+const DRIVING = ['ArrowUp', 'ArrowDown', 'ArrowLeft', 'ArrowRight', 'KeyA', 'KeyZ'];
+const OTHERS = ['Digit1', 'Digit2', 'Digit3', 'BracketLeft', 'BracketRight', 'F1', 'F2', 'Escape'];
+const PHONE = { width: 844, height: 390, scale: 3, touch: true };
+
+const SCREENS = [
+  PHONE,
+  { width: 390, height: 844, scale: 3, touch: true },
+  { width: 568, height: 320, scale: 2, touch: true },
+  { width: 1180, height: 820, scale: 2, touch: true },
+];
+
+/// Where the middle of a button is, for a finger.
+async function on(page, code) {
+  const box = await (await page.$(`[data-code="${code}"]`)).boundingBox();
+  return { x: Math.round(box.x + box.width / 2), y: Math.round(box.y + box.height / 2) };
+}
+
+/// Sends events about fingers, told apart by numbers: ('Start', 1, { x, y }) and so on.
+async function fingersOf(page) {
+  const cdp = await page.createCDPSession();
+  return (what, id, place) =>
+    cdp.send('Input.dispatchTouchEvent', { type: `touch${what}`, touchPoints: place ? [{ id, ...place }] : [] });
+}
+
+/// The keys that the game has got since the last call.
+const keysOf = (page) => page.evaluate(() => window.seenKeys.splice(0).map((key) => key.replace(/^\d+,/, '')));
+
+for (const screen of SCREENS) {
+  test(`${screen.width} by ${screen.height}: every button in reach of a thumb, beside a whole picture`, async (t) => {
+    const page = await web.openGame(t, screen);
+    await page.tap('#start');
+    await web.inState(page, 'racing');
+    const { picture, buttons } = await page.evaluate(() => {
+      const box = (element) => element.getBoundingClientRect().toJSON();
+      const found = [...document.querySelectorAll('[data-code]')].map((each) => [each.dataset.code, box(each)]);
+      return { picture: box(document.getElementById('game')), buttons: Object.fromEntries(found) };
+    });
+    const block = (picture.width * screen.scale) / 320;
+    assert.ok(Math.abs(block - Math.round(block)) < 0.001, `${block} screen pixels for one of the game`);
+    assert.deepEqual(Object.keys(buttons).sort(), [...DRIVING, ...OTHERS].sort());
+    for (const [code, box] of Object.entries({ ...buttons, picture })) {
+      assert.ok(box.left >= 0 && box.top >= 0 && box.right <= screen.width && box.bottom <= screen.height + 1, code);
+      const [least, lowest] = DRIVING.includes(code) ? [50, 70] : [32, 40];
+      assert.ok(box.width >= least && box.height >= lowest, `${code} is ${box.width} by ${box.height}`);
+      for (const [other, { left, right, top, bottom }] of Object.entries({ ...buttons, picture })) {
+        const apart = left >= box.right || right <= box.left || top >= box.bottom || bottom <= box.top;
+        assert.ok(other === code || apart, `${code} is on ${other}`);
+      }
+    }
+  });
+}
+
+test('a lap with thumbs, from the start to the end', async (t) => {
+  const page = await web.openGame(t, PHONE);
+  await page.tap('#start');
+  await web.inState(page, 'racing');
+  await page.tap('[data-code="KeyA"]');
+  await page.tap('[data-code="ArrowUp"]');
+  await web.picturesLater(page, 3);
+
+  // The car rolls on by itself; it is to stop between the posts, which are 16 cells deep.
+  const rolling = await web.assertSameAsReplay(page);
+  assert.equal(rolling.gear, 1);
+  const wait = rolling.picture + (rolling.y - 2404) / rolling.speed;
+  await page.waitForFunction((picture) => window.tarvik.pictures >= picture, {}, wait);
+  const finger = await fingersOf(page);
+  await finger('Start', 1, await on(page, 'ArrowDown'));
+  await page.waitForFunction(() => window.tarvik.laps.length === 1);
+  await finger('Cancel');
+  const { best } = await web.assertSameAsReplay(page);
+  await page.tap('[data-code="Escape"]');
+  await web.inState(page, 'ended');
+  const seconds = (best / 60).toFixed(2).replace('.', '\\.');
+  assert.match(
+    await web.textOf(page, '#curtain-text'),
+    new RegExp(`drove for \\d+ s\\.\nTrack 1: 1 lap completed, best lap ${best} frames \\(${seconds} s\\)\\.$`),
+  );
+
+  await page.tap('#start'); // the next race knows nothing of it
+  await web.inState(page, 'racing');
+  await page.tap('[data-code="Escape"]');
+  await web.inState(page, 'ended');
+  assert.match(await web.textOf(page, '#curtain-text'), /No lap completed/);
+});
+
+test('thumbs hold, slide off and slide on, and the page stays where it is', async (t) => {
+  const page = await web.openGame(t, PHONE);
+  await page.tap('#start');
+  await web.inState(page, 'racing');
+  await keysOf(page);
+
+  const finger = await fingersOf(page);
+  const [left, right, up, gear] = await Promise.all(
+    ['ArrowLeft', 'ArrowRight', 'ArrowUp', 'KeyA'].map((code) => on(page, code)),
+  );
+  const MIDDLE = { x: 422, y: 195 };
+  for (const [what, keys, ...event] of [
+    ['throttle', ['1,ArrowUp'], 'Start', 1, up],
+    ['steering at once', ['1,ArrowLeft'], 'Start', 2, left],
+    ['over to the other arrow', ['0,ArrowLeft', '1,ArrowRight'], 'Move', 2, right],
+    ['off the buttons', ['0,ArrowRight'], 'Move', 2, MIDDLE],
+    ['back on them', ['1,ArrowLeft'], 'Move', 2, left],
+    ['up', ['0,ArrowLeft'], 'End', 2, left],
+    ['a second finger on the same key', [], 'Start', 3, up],
+    ['one of the two is lifted', [], 'End', 1, up],
+    ['the system takes the other', ['0,ArrowUp'], 'Cancel'],
+    ['gear', ['1,KeyA'], 'Start', 4, gear],
+    ['off a gear is not steering', ['0,KeyA'], 'Move', 4, left],
+    ['lifted there', [], 'End', 4, left],
+  ]) {
+    await finger(...event);
+    assert.deepEqual(await keysOf(page), keys, what);
+  }
+
+  // Two fingers apart, one up the screen, one that stays: neither zoom, nor scrolling, nor a menu.
+  await page.evaluate(() => {
+    window.menus = 0;
+    document.addEventListener('contextmenu', (event) => (window.menus += event.defaultPrevented ? 0 : 1));
+  });
+  await finger('Start', 1, { x: 400, y: 300 });
+  await finger('Start', 2, { x: 440, y: 300 });
+  for (let way = 20; way <= 160; way += 20) {
+    await finger('Move', 1, { x: 400 - way, y: 300 - way });
+    await finger('Move', 2, { x: 440 + way, y: 300 - way });
+  }
+  await finger('Cancel');
+  const cdp = await page.createCDPSession();
+  await cdp.send('Input.synthesizeTapGesture', { ...left, duration: 1200 });
+  const place = await page.evaluate(() => [scrollY, visualViewport.scale, window.menus, String(getSelection())]);
+  assert.deepEqual(place, [0, 1, 0, '']);
+  assert.equal(await web.focused(page), 'game');
+});
