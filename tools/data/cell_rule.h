@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
 
 namespace tarvik {
 
@@ -22,6 +23,12 @@ inline constexpr const char* CELL_RULE_TEXT =
 constexpr int grass_measure(int red, int green, int blue) {
     const int brightness = (299 * red + 587 * green + 114 * blue) / 1000;
     return std::max(brightness - LIGHT_FROM, green - std::max(red, blue) - GREEN_FROM);
+}
+
+/// The same of 0xRRGGBB; bits above are ignored.
+constexpr int grass_measure(std::uint32_t rgb) {
+    return grass_measure(static_cast<int>(rgb >> 16 & 255), static_cast<int>(rgb >> 8 & 255),
+                         static_cast<int>(rgb & 255));
 }
 
 } // namespace tarvik

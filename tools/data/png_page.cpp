@@ -18,20 +18,13 @@ constexpr int LARGEST_IMPORT = 16384; // 1 GB while it is read
 // A measure beyond this is as certain as can be; so hard edges lie midway between two pixels.
 constexpr int CERTAIN = 100;
 
-std::vector<std::int8_t> grass_measures(const Picture& picture) {
-    std::vector<std::int8_t> measures(picture.rgba.size() / 4);
-    for (std::size_t i = 0; i < measures.size(); ++i) {
-        const std::uint8_t* pixel = &picture.rgba[i * 4];
-        const int alpha = pixel[3];
-        const auto on_white = [&](int component) {
-            return (component * alpha + 255 * (255 - alpha)) / 255;
-        };
-        const int measure =
-            grass_measure(on_white(pixel[0]), on_white(pixel[1]), on_white(pixel[2]));
-        // Half a step up, so that a measure of 0, which is grass, is no tie.
-        measures[i] = static_cast<std::int8_t>(std::clamp(2 * measure + 1, -CERTAIN, CERTAIN));
+std::uint32_t on_white(const std::uint8_t* pixel) {
+    std::uint32_t rgb = 0;
+    for (const int c : {0, 1, 2}) {
+        rgb = rgb << 8U |
+              static_cast<std::uint32_t>((pixel[c] * pixel[3] + 255 * (255 - pixel[3])) / 255);
     }
-    return measures;
+    return rgb;
 }
 
 } // namespace
@@ -53,10 +46,24 @@ PngPage::PngPage(const std::filesystem::path& picture) : cells_(MAP_SIDE) {
     const Picture drawn = read_png(picture, LARGEST_IMPORT);
     if (drawn.width != drawn.height) {
         throw Failure(picture.string() + " is not square: " + std::to_string(drawn.width) + " by " +
-                      std::to_string(drawn.height) + " pixels");
+                      std::to_string(drawn.height) + " pixels; a track is a square");
     }
     width_ = static_cast<std::size_t>(drawn.width);
-    measures_ = grass_measures(drawn);
+    measures_.reserve(drawn.rgba.size() / 4);
+    std::vector<std::uint32_t> row(width_);
+    std::vector<std::uint32_t> above(width_);
+    for (std::size_t y = 0; y < width_; ++y) {
+        row.swap(above);
+        for (std::size_t x = 0; x < width_; ++x) {
+            row[x] = on_white(&drawn.rgba[(y * width_ + x) * 4]);
+            // Half a step up, so that a measure of 0, which is grass, is no tie.
+            measures_.push_back(static_cast<std::int8_t>(
+                std::clamp(2 * grass_measure(row[x]) + 1, -CERTAIN, CERTAIN)));
+        }
+        if (y > 0) {
+            colours_.look_at(row.data(), above.data(), width_, 1);
+        }
+    }
     places_ = places(drawn.width);
     blended_.resize(width_);
 }

@@ -1,6 +1,10 @@
 // A PNG picture as cells of a track map.
 #pragma once
 
+#include "tools/data/grass_colours.h"
+#include "tools/track/track.h"
+#include "tools/track/units.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -17,6 +21,13 @@ class PngPage {
     /// The cells of row y of the map, 0 to MAP_SIDE - 1; valid until the next call.
     const std::vector<std::uint8_t>& row(int y);
 
+    [[nodiscard]] Units units() const {
+        return {MAP_SIDE / static_cast<double>(width_), 0, 0, "pixels"};
+    }
+    [[nodiscard]] const GrassColours& grass_colours() const {
+        return colours_;
+    }
+
   private:
     /// The two pixels between which a cell lies, and how far from the first to the second.
     struct Between {
@@ -31,6 +42,7 @@ class PngPage {
     std::vector<Between> places_;       ///< of each cell of a row or column
     std::vector<float> blended_;
     std::vector<std::uint8_t> cells_;
+    GrassColours colours_;
 };
 
 } // namespace tarvik

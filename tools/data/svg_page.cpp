@@ -30,6 +30,8 @@ struct Release {
         cairo_destroy(context);
     }
 };
+constexpr std::size_t COLOUR_STEP = 4; // no line of a road is thinner
+
 template <typename T>
 using Owned = std::unique_ptr<T, Release>;
 
@@ -62,35 +64,41 @@ bool is_square(double width, double height) {
     return width > 0 && std::abs(width - height) <= 0.001 * width;
 }
 
-// The side, in user units, of the square that becomes the map. librsvg scales a drawing with a
-// viewBox to whatever size it is asked for; one with only a width and a height we scale ourselves.
-double own_size(RsvgHandle* handle, const std::filesystem::path& path) {
+std::string size_text(double width, double height) {
+    char text[64];
+    std::snprintf(text, sizeof text, "%g by %g", width, height);
+    return text;
+}
+
+struct Page {
+    double size = 0; ///< to render it at: librsvg itself scales a drawing that has a viewBox
+    Units units;
+};
+
+// The square that becomes the map.
+Page page_of(RsvgHandle* handle, const std::filesystem::path& path) {
     gboolean has_width = FALSE;
     gboolean has_height = FALSE;
     gboolean has_view_box = FALSE;
     RsvgLength width{};
     RsvgLength height{};
-    RsvgRectangle view_box{};
+    RsvgRectangle page{};
     rsvg_handle_get_intrinsic_dimensions(handle, &has_width, &width, &has_height, &height,
-                                         &has_view_box, &view_box);
-    double pixel_width = 0;
-    double pixel_height = 0;
-    const bool sized =
-        rsvg_handle_get_intrinsic_size_in_pixels(handle, &pixel_width, &pixel_height) != FALSE;
-    if (!sized && !has_view_box) {
-        throw Failure(path.string() + " has no size: give it a viewBox, as in viewBox=\"0 0 " +
-                      std::to_string(MAP_SIDE) + " " + std::to_string(MAP_SIDE) + "\"");
+                                         &has_view_box, &page);
+    if (has_view_box == FALSE) {
+        page = {};
+        if (rsvg_handle_get_intrinsic_size_in_pixels(handle, &page.width, &page.height) == FALSE) {
+            throw Failure(path.string() + " has no size: give it a viewBox, as in viewBox=\"0 0 " +
+                          std::to_string(MAP_SIDE) + " " + std::to_string(MAP_SIDE) + "\"");
+        }
     }
-    if (has_view_box) {
-        pixel_width = view_box.width;
-        pixel_height = view_box.height;
+    if (!is_square(page.width, page.height)) {
+        throw Failure(path.string() + " is not square: its page is " +
+                      size_text(page.width, page.height) +
+                      "; begin with a copy of docs/empty-track.svg, or make the page square");
     }
-    if (!is_square(pixel_width, pixel_height)) {
-        char size[64];
-        std::snprintf(size, sizeof size, "%g by %g", pixel_width, pixel_height);
-        throw Failure(path.string() + " is not square: its page is " + size);
-    }
-    return has_view_box ? MAP_SIDE : pixel_width;
+    return {has_view_box != FALSE ? MAP_SIDE : page.width,
+            {MAP_SIDE / page.width, page.x, page.y, "units"}};
 }
 
 void render_band(RsvgHandle* handle, cairo_surface_t* surface, double size, int first_row,
@@ -109,18 +117,26 @@ void render_band(RsvgHandle* handle, cairo_surface_t* surface, double size, int 
     cairo_surface_flush(surface);
 }
 
-void to_cells(cairo_surface_t* surface, std::vector<std::uint8_t>& cells) {
+void to_cells(cairo_surface_t* surface, std::vector<std::uint8_t>& cells, GrassColours& colours) {
     const unsigned char* pixels = cairo_image_surface_get_data(surface);
     const auto stride = static_cast<std::size_t>(cairo_image_surface_get_stride(surface));
+    const auto row_at = [&](std::size_t row) { // 0xXXRRGGBB in the machine's byte order
+        return reinterpret_cast<const std::uint32_t*>(pixels + row * stride);
+    };
     std::uint8_t* cell = cells.data();
+    std::uint32_t last = *row_at(0);
+    std::uint8_t last_cell = grass_measure(last) >= 0 ? CELL_GRASS : CELL_ROAD;
     for (std::size_t row = 0; row < cells.size() / MAP_SIDE; ++row) {
+        const std::uint32_t* pixel = row_at(row);
         for (std::size_t column = 0; column < MAP_SIDE; ++column) {
-            std::uint32_t pixel = 0; // 0xXXRRGGBB in the machine's byte order
-            std::memcpy(&pixel, pixels + row * stride + column * sizeof pixel, sizeof pixel);
-            const int measure =
-                grass_measure(static_cast<int>(pixel >> 16 & 255),
-                              static_cast<int>(pixel >> 8 & 255), static_cast<int>(pixel & 255));
-            *cell++ = measure >= 0 ? CELL_GRASS : CELL_ROAD;
+            if (pixel[column] != last) { // most are alike
+                last = pixel[column];
+                last_cell = grass_measure(last) >= 0 ? CELL_GRASS : CELL_ROAD;
+            }
+            *cell++ = last_cell;
+        }
+        if (row % COLOUR_STEP == 1) {
+            colours.look_at(pixel, row_at(row - 1), MAP_SIDE, COLOUR_STEP);
         }
     }
 }
@@ -129,7 +145,7 @@ void to_cells(cairo_surface_t* surface, std::vector<std::uint8_t>& cells) {
 
 struct SvgPage::Rendering {
     Owned<RsvgHandle> handle;
-    double size;
+    double size = 0;
     Owned<cairo_surface_t> surface;
 };
 
@@ -137,7 +153,8 @@ SvgPage::SvgPage(const std::filesystem::path& drawing, int band_rows)
     : drawing_(drawing),
       cells_(static_cast<std::size_t>(MAP_SIDE) * static_cast<std::size_t>(band_rows)) {
     Owned<RsvgHandle> handle = open_drawing(drawing);
-    const double size = own_size(handle.get(), drawing);
+    const Page page = page_of(handle.get(), drawing);
+    units_ = page.units;
     Owned<cairo_surface_t> surface(
         cairo_image_surface_create(CAIRO_FORMAT_RGB24, MAP_SIDE, band_rows));
     if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) {
@@ -145,7 +162,7 @@ SvgPage::SvgPage(const std::filesystem::path& drawing, int band_rows)
                       cairo_status_to_string(cairo_surface_status(surface.get())));
     }
     rendering_ =
-        std::make_unique<Rendering>(Rendering{std::move(handle), size, std::move(surface)});
+        std::make_unique<Rendering>(Rendering{std::move(handle), page.size, std::move(surface)});
 }
 
 SvgPage::~SvgPage() = default;
@@ -153,7 +170,7 @@ SvgPage::~SvgPage() = default;
 const std::vector<std::uint8_t>& SvgPage::band(int first_row) {
     render_band(rendering_->handle.get(), rendering_->surface.get(), rendering_->size, first_row,
                 drawing_);
-    to_cells(rendering_->surface.get(), cells_);
+    to_cells(rendering_->surface.get(), cells_, colours_);
     return cells_;
 }
 

@@ -1,6 +1,9 @@
 // An SVG drawing as cells of a track map.
 #pragma once
 
+#include "tools/data/grass_colours.h"
+#include "tools/track/units.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -21,12 +24,22 @@ class SvgPage {
     /// The cells of the band that begins with this row of the map; valid until the next call.
     const std::vector<std::uint8_t>& band(int first_row);
 
+    [[nodiscard]] const Units& units() const {
+        return units_;
+    }
+    /// Of the bands so far.
+    [[nodiscard]] const GrassColours& grass_colours() const {
+        return colours_;
+    }
+
   private:
     struct Rendering;
 
     std::filesystem::path drawing_; ///< for messages
+    Units units_;
     std::unique_ptr<Rendering> rendering_;
     std::vector<std::uint8_t> cells_;
+    GrassColours colours_;
 };
 
 } // namespace tarvik

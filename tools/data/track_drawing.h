@@ -1,12 +1,26 @@
-// Track maps from SVG drawings.
+// Tracks as somebody has drawn them.
 #pragma once
 
+#include "tools/track/units.h"
+
+#include <cstdint>
 #include <filesystem>
+#include <string>
+#include <vector>
 
 namespace tarvik {
 
-/// Renders the square drawing to a map of MAP_SIDE cells to a side, whatever its own size, and
-/// shows the progress on standard error. Returns whether there is any road. Throws a Failure.
-bool build_track(const std::filesystem::path& drawing, const std::filesystem::path& map);
+struct DrawnTrack {
+    std::vector<std::uint8_t> cells; ///< MAP_BYTES of them
+    Units units;
+    std::vector<std::string> notes; ///< about the drawing, each a line that says what to do
+};
+
+/// Whether the file's name ends like that of an SVG drawing or a PNG picture.
+bool is_drawing(const std::filesystem::path& file);
+
+/// Draws an SVG drawing or a PNG picture to the cells of a map: the
+/// square page becomes MAP_SIDE cells to a side, whatever its own size. Throws a Failure.
+DrawnTrack draw_track(const std::filesystem::path& drawing);
 
 } // namespace tarvik

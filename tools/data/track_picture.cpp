@@ -1,10 +1,7 @@
-// Track maps as PNG pictures: previews of maps, and maps from drawn pictures.
+// Track maps as PNG pictures.
 #include "tools/data/track_picture.h"
 
-#include "tools/data/png_page.h"
-#include "tools/files/new_file.h"
 #include "tools/files/png_file.h"
-#include "tools/files/progress.h"
 #include "tools/track/map_file.h"
 #include "tools/track/track.h"
 
@@ -56,18 +53,6 @@ void preview_track(const std::filesystem::path& map, const std::filesystem::path
         }
     }
     write_png(picture, result);
-}
-
-void import_track(const std::filesystem::path& picture, const std::filesystem::path& map) {
-    PngPage page(picture);
-    NewFile file(map);
-    Progress progress(picture.string());
-    for (int y = 0; y < MAP_SIDE; ++y) {
-        const std::vector<std::uint8_t>& row = page.row(y);
-        file.write(row.data(), row.size());
-        progress.show(y + 1, MAP_SIDE);
-    }
-    file.commit();
 }
 
 } // namespace tarvik

@@ -6,11 +6,8 @@
 namespace tarvik {
 
 /// Draws the map in the game's own colours, `size` (1 to MAP_SIDE) pixels to a side. At MAP_SIDE
-/// every cell is one pixel, and import_track gives the same track back.
+/// every cell is one pixel, and track build gives the same track back.
 void preview_track(const std::filesystem::path& map, const std::filesystem::path& picture,
                    int size);
-
-/// Makes a map from a square picture of any size, by the same colours as a drawing.
-void import_track(const std::filesystem::path& picture, const std::filesystem::path& map);
 
 } // namespace tarvik

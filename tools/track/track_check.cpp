@@ -154,6 +154,7 @@ class Check {
                                      "leads back to the start");
             return;
         }
+        report_.has_loop = true;
         if (path.squared_clearance < LEAST_CLEARANCE_AT_GATE * LEAST_CLEARANCE_AT_GATE) {
             narrow_fault(path.narrowest, LEAST_CLEARANCE_AT_GATE, "even at the gate");
             return;
@@ -282,7 +283,7 @@ class Check {
 
 } // namespace
 
-TrackReport check_track(TrackView track) {
+TrackReport check_track(TrackView track, const Units&) {
     return Check(track).run();
 }
 

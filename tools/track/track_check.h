@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tools/track/track.h"
+#include "tools/track/units.h"
 
 #include <string>
 #include <vector>
@@ -18,6 +19,7 @@ struct TrackReport {
     std::vector<Finding> faults;   ///< reasons why the map cannot be raced, or not fairly
     std::vector<Finding> warnings; ///< what makes it less of a pleasure
     std::vector<Finding> facts;    ///< what is worth knowing about a track without faults
+    bool has_loop = false;         ///< it can be driven round, whatever the faults
 
     [[nodiscard]] bool can_be_raced() const {
         return faults.empty();
@@ -26,6 +28,6 @@ struct TrackReport {
 
 /// Looks at the start, the start/finish box, the loop and its width, the gate and shortcuts. Later
 /// questions are left open where an earlier fault leaves them without meaning.
-TrackReport check_track(TrackView track);
+TrackReport check_track(TrackView track, const Units& units = {});
 
 } // namespace tarvik

@@ -1,0 +1,95 @@
+// Keeps the map of a drawing up to date. The system tells when the drawing is saved, so nothing is
+// done while nothing happens.
+#include "tools/data/watch_drawing.h"
+
+#include "tools/data/build_track.h"
+#include "tools/files/failure.h"
+
+#include <exception>
+#include <gio/gio.h>
+#include <iostream>
+#include <sys/stat.h>
+#include <tuple>
+#include <unistd.h>
+
+namespace tarvik {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Saving may be told in more notices than one; what was built is not built again.
+struct Watch {
+    fs::path drawing;
+    fs::path map;
+    std::ostream& out;
+    struct stat built {};
+
+    [[nodiscard]] bool is_new(const struct stat& now) const {
+        const auto key = [](const struct stat& status) {
+            return std::tuple(status.st_ino, status.st_size, status.st_mtim.tv_sec,
+                              status.st_mtim.tv_nsec);
+        };
+        return key(now) != key(built);
+    }
+
+    void look() {
+        struct stat now {};
+        if (stat(drawing.c_str(), &now) != 0 || !is_new(now)) {
+            return;
+        }
+        built = now;
+        try {
+            build_track(drawing, map);
+            out << drawing.filename().string() << " is saved: press [ to race on it" << std::endl;
+        } catch (const std::exception& error) {
+            std::cerr << "tarvik-data: " << error.what() << std::endl;
+        }
+    }
+};
+
+void on_change(GFileMonitor*, GFile*, GFile*, GFileMonitorEvent event, gpointer watch) {
+    // A file that is being written is left alone until it is closed.
+    if (event != G_FILE_MONITOR_EVENT_CHANGED && event != G_FILE_MONITOR_EVENT_CREATED) {
+        static_cast<Watch*>(watch)->look();
+    }
+}
+
+gboolean on_input(GIOChannel* input, GIOCondition, gpointer loop) {
+    char ignored[256];
+    if (read(g_io_channel_unix_get_fd(input), ignored, sizeof ignored) > 0) {
+        return TRUE;
+    }
+    g_main_loop_quit(static_cast<GMainLoop*>(loop));
+    return FALSE;
+}
+
+} // namespace
+
+void watch_drawing(const fs::path& drawing, const fs::path& map, std::ostream& out) {
+    GFile* file = g_file_new_for_path(drawing.c_str());
+    GError* error = nullptr;
+    GFileMonitor* monitor = g_file_monitor_file(file, G_FILE_MONITOR_WATCH_MOVES, nullptr, &error);
+    g_object_unref(file);
+    if (monitor == nullptr) {
+        const Failure failure("cannot watch " + drawing.string() + ": " + error->message);
+        g_error_free(error);
+        throw failure;
+    }
+    Watch watch{drawing, map, out};
+    g_signal_connect(monitor, "changed", G_CALLBACK(on_change), &watch);
+    std::error_code missing;
+    if (fs::last_write_time(drawing) < fs::last_write_time(map, missing)) {
+        stat(drawing.c_str(), &watch.built); // is what the map was made of
+    } else {
+        watch.look();
+    }
+    GMainLoop* loop = g_main_loop_new(nullptr, FALSE);
+    GIOChannel* input = g_io_channel_unix_new(STDIN_FILENO);
+    g_io_add_watch(input, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP | G_IO_ERR), on_input, loop);
+    g_main_loop_run(loop);
+    g_io_channel_unref(input);
+    g_main_loop_unref(loop);
+    g_object_unref(monitor);
+}
+
+} // namespace tarvik
