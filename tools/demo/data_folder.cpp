@@ -30,8 +30,8 @@ fs::path program_folder() {
     return fs::read_symlink("/proc/self/exe").parent_path();
 }
 
-std::string enter_data_folder(int race) {
-    const fs::path folder = program_folder();
+std::string enter_data_folder(const fs::path& from, int race) {
+    const fs::path folder = from.empty() ? program_folder() : fs::absolute(from);
     fs::current_path(folder);
     std::string fault =
         fault_of_map(folder / "data" / "race1.map"); // loaded first, whatever the race

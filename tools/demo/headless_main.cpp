@@ -44,7 +44,7 @@ int run(int argc, char** argv) {
         }
         take_snapshots(options);
     }
-    const std::string fault = enter_data_folder(options.race);
+    const std::string fault = enter_data_folder(options.from, options.race);
     if (!fault.empty()) {
         std::cerr << "tarvik-demo: " << fault << "\n";
         return EXIT_FAILURE;

@@ -20,12 +20,12 @@ constexpr const char* DESCRIPTION =
     "window until you press Escape.";
 
 constexpr const char* EXAMPLES =
-    "Examples:\n"
-    "  tarvik-demo --race 2                          watch track 2 being driven\n"
-    "  tarvik-demo --headless                        six laps without a display, results printed\n"
-    "  tarvik-demo --headless --race 2 --difficulty 1 --laps 3 --seed 7\n"
-    "  tarvik-demo --headless --report               what the fastest lap was like\n"
-    "  tarvik-demo --headless --pictures /tmp/drive  pictures of the drive as PNG files\n"
+    "Examples, from the top of the repository:\n"
+    "  ./play --demo --race 2                          # watch track 2 being driven\n"
+    "  ./play --demo --headless                        # six laps without a display\n"
+    "  ./play --demo --headless --race 2 --difficulty 1 --laps 3 --seed 7\n"
+    "  ./play --demo --headless --report               # what the fastest lap was like\n"
+    "  ./play --demo --headless --pictures /tmp/drive  # PNG pictures of the drive\n"
     "\n"
     "Exit code: 0 when the laps are completed or the window is closed, 1 when not.";
 
@@ -51,6 +51,10 @@ ParsedOptions parse_options(int argc, char** argv) {
     app.add_option("--seed", options.seed,
                    "Number that decides the drive; the same one gives the same drive again")
         ->check(CLI::Range(std::uint32_t{0}, std::numeric_limits<std::uint32_t>::max()));
+    app.add_option("--from", options.from,
+                   "Folder that the data to drive on is in, as data/race1.map and so on; the "
+                   "program's own unless given")
+        ->check(CLI::ExistingDirectory);
     app.add_option("--style", options.style,
                    "best: as fast as the driver can; middle: likewise, but in the middle of the "
                    "road; cautious: there with three quarters of the pace")

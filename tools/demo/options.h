@@ -17,6 +17,7 @@ struct Options {
     std::optional<std::uint32_t> seed; ///< without it every start is different
     Style style = Style::BEST;
     bool report = false;
+    std::filesystem::path from;     ///< folder that data/ is in, empty for the program's own
     std::filesystem::path pictures; ///< folder for pictures, empty for none
     int every = 0; ///< a picture of every so many frames of the last lap, 0 for the chosen ones
 };

@@ -15,7 +15,7 @@ int main(int argc, char** argv) {
         if (!parsed.options) {
             return parsed.exit_code;
         }
-        const std::string fault = enter_data_folder(parsed.options->race);
+        const std::string fault = enter_data_folder(parsed.options->from, parsed.options->race);
         if (!fault.empty()) {
             std::cerr << "tarvik-demo: " << fault << "\n";
             return EXIT_FAILURE;
