@@ -14,6 +14,7 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "the Tarvik authors <authors@tarvik.invalid>")
 set(CPACK_DEBIAN_PACKAGE_SECTION games)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON) # dpkg-shlibdeps finds out which libraries it needs
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS libgl1) # SDL loads it when it runs, where there is one
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "top-down car racing game against your own last laps")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
