@@ -1,76 +1,31 @@
-// An archive unpacked into an empty folder, and its game on a display of its own, played by
-// somebody who is not root.
+// A package of build/package/, unpacked into an empty folder, and its game on a display of its own.
 #pragma once
 
-// Before the X headers, whose macros have names that GoogleTest uses.
-#include <gtest/gtest.h>
-
-#include "tests/desktop/player.h"
-#include "tests/desktop/x_server.h"
-#include "tests/support/picture.h"
-
-#include <filesystem>
-#include <map>
-#include <optional>
-#include <string>
-#include <vector>
+#include "tests/desktop/play_fixture.h"
 
 namespace tarvik {
 
-class PackageTest : public testing::Test {
+/// Runs a command to its end and returns what it prints; the running test fails if it does.
+std::string output_of(const std::vector<std::string>& command);
+
+/// Expects each of some parts in a text.
+void expect_parts(const std::string& text, const std::vector<std::string>& parts);
+
+class PackageTest : public PlayTest {
   protected:
-    using Environment = std::map<std::string, std::string>;
+    /// Unpacks a package into the test's folder, below a folder with a blank in its name.
+    std::filesystem::path unpack(const std::string& package);
 
-    /// A new empty folder that belongs to the player; goes with the test.
-    std::filesystem::path new_folder();
+    /// Waits until the game shows a status text, and every logical pixel as one block of pixels.
+    /// `area` is the picture's place in the window.
+    bool waits_for_text(const std::string& text, int x, int y, Area area = {0, 0, 640, 480});
 
-    /// Unpacks an archive of build/package/ and returns the one folder in it.
-    static std::filesystem::path unpack(const std::string& archive,
-                                        const std::filesystem::path& into);
+    /// Shifts up and leaves: the start, a key and the end.
+    void play();
 
-    /// Makes sure that nobody may write in a folder, not even its owner.
-    static void forbid_writing(const std::filesystem::path& folder);
-
-    /// Starts a command as the player, on the test's display.
-    void start(const std::vector<std::string>& command, const std::filesystem::path& folder,
-               const Environment& environment);
-
-    /// Waits until the game shows the place of the start, with a colour where the gate's left post
-    /// has its corner.
-    void wait_for_game_with(unsigned long colour);
-
-    /// Waits for what takes the game hundreds of frames.
-    static bool waits_a_minute_until(const std::function<bool()>& condition);
-
-    /// Waits until a status text stands in the game's window; white, logical coordinates.
-    bool waits_for_text(const std::string& text, int x, int y) const;
-
-    bool shows(const std::string& text, int x, int y) const;
-
-    /// What the game has said on standard error.
-    std::string errors() const;
-
-    void TearDown() override;
-
-    XServer server_;
-    Player player_{server_.display()};
-    std::optional<ChildProcess> game_;
-
-  private:
-    std::vector<std::filesystem::path> folders_;
-    std::filesystem::path errors_ = make_folder("errors") / "errors";
+    std::string errors() const {
+        return read(folder_ / "errors");
+    }
 };
-
-/// The command that runs `command` as somebody without special rights, where we are root.
-std::vector<std::string> as_player(std::vector<std::string> command);
-
-/// Runs a command to its end and returns whether it succeeded.
-bool run(const std::vector<std::string>& command, const ChildProcess::Options& options = {});
-
-/// What is in a file; nothing if there is none.
-std::string read(const std::filesystem::path& path);
-
-/// Gives a folder and all in it to the player.
-void give_to_player(const std::filesystem::path& folder);
 
 } // namespace tarvik
