@@ -2,7 +2,6 @@
 //
 // Wants a display whose window manager, if there is one, lets programs choose their window's size.
 #include "bench/bare_showing.h"
-#include "bench/process_memory.h"
 #include "bench/row.h"
 #include "platform/common/pacing.h"
 #include "platform/desktop/display.h"
@@ -85,7 +84,6 @@ void run() {
     }
     compare_at(display, 640, 480);
     compare_at(display, DisplayWidth(display, 0), DisplayHeight(display, 0));
-    std::printf("memory at its peak: %.0f MB\n", memory_at_peak() / 1e6);
     XCloseDisplay(display);
     shut_down();
     close_display();

@@ -38,7 +38,9 @@ void show_picture_again() {
     const PictureArea area = current_area();
     const SDL_Rect place = {area.left, area.top, LOGICAL_WIDTH * area.factor,
                             LOGICAL_HEIGHT * area.factor};
-    SDL_RenderClear(renderer);
+    if (area.left != 0 || area.top != 0) {
+        SDL_RenderClear(renderer); // black beside the picture
+    }
     SDL_RenderCopy(renderer, texture, nullptr, &place);
     SDL_RenderPresent(renderer);
 }
