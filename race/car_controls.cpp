@@ -1,4 +1,4 @@
-// Steering, throttle, brake and gears. Everything here is 32-bit float arithmetic.
+// Steering, throttle, brake and gears, all in single precision.
 #include "race/car_controls.h"
 
 #include "platform/win32.h"
@@ -6,7 +6,12 @@
 #include "race/random.h"
 #include "shell/input.h"
 
+#include <cfloat>
+
 namespace tarvik {
+
+// The same keys lead to the same place everywhere: no compiler may compute with more digits.
+static_assert(FLT_EVAL_METHOD == 0);
 
 namespace {
 

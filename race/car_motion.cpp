@@ -9,6 +9,8 @@
 
 namespace tarvik {
 
+std::int32_t hits = 0;
+
 namespace {
 
 /// Steering steps that a run must have for the car to skid, and the history entry it skids along.
@@ -50,11 +52,11 @@ void move_car() {
     }
 }
 
-int draw_car_and_test_road() {
+void draw_car_and_test_road() {
     const float x = car_x[PLAYER_SLOT];
     const float y = car_y[PLAYER_SLOT];
     draw_outline_point(x, y, OUTLINE_NOSE, PLAYER_SLOT); // never tested
-    int hits = 0;
+    hits = 0;
     for (int p = OUTLINE_NOSE + 1; p < OUTLINE_POINTS; ++p) {
         const auto cell_x = static_cast<std::int32_t>(x + outline_dx[p]);
         const auto cell_y = static_cast<std::int32_t>(y + outline_dy[p]);
@@ -64,7 +66,6 @@ int draw_car_and_test_road() {
         }
         draw_outline_point(x, y, p, PLAYER_SLOT);
     }
-    return hits;
 }
 
 } // namespace tarvik

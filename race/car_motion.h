@@ -1,6 +1,8 @@
 // The player's car on its way: motion steps, the move, and what its corners stand on.
 #pragma once
 
+#include <cstdint>
+
 namespace tarvik {
 
 /// Cells per frame from which a car can skid.
@@ -13,8 +15,10 @@ void prepare_move();
 /// heading it had some steps ago.
 void move_car();
 
-/// Draws the car and adds 1 to the penalty for each of its corners that is off the track.
-/// Returns how many those are, 0 to 4.
-int draw_car_and_test_road();
+/// Corners of the player's car that are off the track in this frame, 0 to 4.
+extern std::int32_t hits;
+
+/// Draws the car, counts its `hits` and adds them to the penalty.
+void draw_car_and_test_road();
 
 } // namespace tarvik

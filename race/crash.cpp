@@ -1,6 +1,7 @@
 // The crash rules.
 #include "race/crash.h"
 
+#include "race/car_motion.h"
 #include "race/laps.h"
 #include "race/race_state.h"
 #include "race/random.h"
@@ -15,7 +16,7 @@ constexpr std::int32_t EASY_DRAWS = 260;
 constexpr std::int32_t RESET_DRAW = 1;
 
 /// Draws a random number only where the difficulty leaves it to chance.
-bool is_crash(int hits) {
+bool is_crash() {
     switch (difficulty) {
     case ADVANCED:
         return hits >= ADVANCED_HITS;
@@ -28,8 +29,8 @@ bool is_crash(int hits) {
 
 } // namespace
 
-void apply_crash_rules(int hits) {
-    if (cycle[PLAYER_SLOT] > CYCLE_LIMIT || (hits > 0 && is_crash(hits))) {
+void apply_crash_rules() {
+    if (cycle[PLAYER_SLOT] > CYCLE_LIMIT || (hits > 0 && is_crash())) {
         reset_car();
     }
 }

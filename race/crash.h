@@ -1,10 +1,10 @@
-// When an off-road car is put back to the start.
+// When leaving the road costs the player the lap.
 #pragma once
 
 namespace tarvik {
 
-/// Applies the rule of the difficulty to a car with `hits` corners off the track, 0 to 4, and the
-/// limit on a lap's length: either may reset the car.
-void apply_crash_rules(int hits);
+/// Resets the car if its `hits` are too many for the difficulty, or in the end too often any, and
+/// if its lap has run for too long.
+void apply_crash_rules();
 
 } // namespace tarvik

@@ -7,7 +7,7 @@
 
 namespace tarvik {
 
-/// Top-left corner of the start/finish box, cells; a car is inside only beyond it.
+/// Cells; a car on the box's outline is not yet inside.
 inline constexpr std::int32_t BOX_LEFT = 2392;
 inline constexpr std::int32_t BOX_TOP = 2392;
 inline constexpr std::int32_t BOX_SIZE = 16;
@@ -20,7 +20,7 @@ inline constexpr std::int32_t CYCLE_LIMIT = 990000;
 /// Records where the car is in the frame of the lap in progress, if one is timed.
 void record_lap_frame();
 
-/// Starts or completes a lap when the car is inside the box.
+/// Starts or completes a lap if the car is in the box.
 void check_lap();
 
 /// Counts the frame when a lap is timed.

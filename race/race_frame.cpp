@@ -1,4 +1,4 @@
-// The order of the steps is binding: later ones draw over earlier ones and read what those changed.
+// Swapping two steps changes the game: each relies on what has been drawn and set so far.
 #include "race/race_frame.h"
 
 #include "platform/win32.h"
@@ -58,8 +58,8 @@ void race_frame() {
     prepare_move();
     record_lap_frame(); // where the car was before the move, pointing where it does now
     move_car();
-    const int hits = draw_car_and_test_road();
-    apply_crash_rules(hits);
+    draw_car_and_test_road();
+    apply_crash_rules();
     draw_sprite_clamped(BOX_LEFT - view_x, BOX_TOP - view_y, START_MARKER_IMAGE);
     check_lap();
     draw_overlay_texts();

@@ -3,9 +3,8 @@
 
 namespace tarvik {
 
-/// Clears, reads the input, moves the car one step, draws everything and shows the picture; the
-/// only thing the main loop runs. The frame in which the game is found to be ending runs to its
-/// end too, but is not shown.
+/// All that happens between one frame on the screen and the next: input, car, lap, drawing. Once
+/// the game is to end, the frame is still computed to its last step, but not shown.
 void race_frame();
 
 } // namespace tarvik

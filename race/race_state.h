@@ -1,10 +1,9 @@
-// The state of the race: the player's car, the lap being driven, the ghost laps, the settings.
+// Everything that a race consists of: cars, laps, ghosts and what the player has chosen.
 //
-// Units, throughout race/: positions are track cells, one cell a logical pixel of the view, x to
-// the right and y downwards; the cell under a position is found by truncating each coordinate.
-// Headings are degrees, never brought back into a range; heading h moves a car by (sin h, cos h)
-// per unit of speed, so 0 is down the view, 90 right, 180 up and 270 left. Speed is cells per
-// frame, and a frame is the only unit of time.
+// Units, throughout race/: lengths are track cells, as large as logical pixels, with x to the right
+// and y downwards. Positions have fractions; cutting them off gives the cell. Headings are degrees,
+// counted on and on through all turns, from 0, which is down the view, by way of 90, right, and
+// 180, up. Time is frames and nothing else, so speed is cells per frame.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +14,7 @@ namespace tarvik {
 
 inline constexpr int CAR_SLOTS = 20;
 inline constexpr int PLAYER_SLOT = 1;
-/// Slots of the five previous laps, the newest first. Slots 0 and 7 to 19 are not used.
+/// The ghosts' slots, the newest lap first. The slots not named here are spare.
 inline constexpr int FIRST_GHOST_SLOT = 2;
 inline constexpr int LAST_GHOST_SLOT = 6;
 
@@ -38,7 +37,7 @@ extern std::int32_t gear[CAR_SLOTS]; ///< 0 (neutral) to TOP_GEAR
 /// Off-road penalty, in frames: grows by 1 per corner off the road and frame, also while no lap
 /// is timed, and starts at 0 with each lap.
 extern float penalty[CAR_SLOTS];
-/// Frames of the lap in progress, 2 or more at the end of a timed frame; 0 while none is timed.
+/// Frames since the lap began, 2 or more once a timed frame is over; 0 while none is timed.
 extern std::int32_t cycle[CAR_SLOTS];
 /// Frames plus penalty of the last completed lap; 0 before the first and after a reset.
 extern std::int32_t last_cycle[CAR_SLOTS];
@@ -69,8 +68,8 @@ inline constexpr std::int32_t GHOST_FRAMES = 1000000;
 inline constexpr float GHOST_NOWHERE = 111.0F;
 inline constexpr float GHOST_NO_HEADING = 180.0F;
 
-/// Per car slot a buffer of GHOST_FRAMES floats: position and heading of the car at frame n of a
-/// lap. The player's slot is recorded while driving; the ghost slots hold the previous laps.
+/// Per car slot a buffer of GHOST_FRAMES floats, indexed by `cycle`: where the car was and where it
+/// pointed. The player's slot is recorded while driving; the ghost slots hold the previous laps.
 extern float** ghost_x;
 extern float** ghost_y;
 extern float** ghost_heading;
@@ -82,7 +81,7 @@ inline constexpr std::int32_t THOUGH = 2;
 inline constexpr std::int32_t ADVANCED = 3;
 
 extern std::int32_t difficulty;  ///< EASY, THOUGH or ADVANCED
-extern std::int32_t race_number; ///< number of the track in use, 1 or 2
+extern std::int32_t race_number; ///< which track is loaded, 1 or 2
 
 // --- Operations --------------------------------------------------------------------------------
 

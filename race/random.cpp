@@ -1,4 +1,4 @@
-// A 32-bit linear congruential generator; the low bits, which repeat soonest, are not handed out.
+// Multiply and add, modulo 2^32; the low bits, which repeat soonest, are not handed out.
 #include "race/random.h"
 
 namespace tarvik {

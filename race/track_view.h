@@ -4,7 +4,7 @@
 namespace tarvik {
 
 /// Paints the whole view, one cell a logical pixel, and on it gear, difficulty, best, last and
-/// current lap and the penalty in white. Reads the race state and changes nothing in it.
+/// current lap and the penalty in white. Leaves the race as it is.
 void draw_track_and_hud();
 
 } // namespace tarvik

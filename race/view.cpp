@@ -1,4 +1,4 @@
-// The view follows the player's car.
+// Where to look.
 #include "race/view.h"
 
 #include "race/race_state.h"

@@ -5,8 +5,8 @@
 
 namespace tarvik {
 
-/// Track cell at the view's top-left logical pixel: 0 to 9680 and 0 to 9760, so that the whole
-/// view lies inside the grid.
+/// Track cell in the view's top-left corner, at most 9680 and 9760: the view never sticks out of
+/// the grid.
 extern std::int32_t view_x;
 extern std::int32_t view_y;
 

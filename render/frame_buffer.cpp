@@ -5,12 +5,10 @@
 
 namespace tarvik {
 
-std::int32_t screen_width = DEVICE_WIDTH;
-std::int32_t screen_height = DEVICE_HEIGHT;
 std::uint8_t* __restrict frame_buffer = nullptr;
 
 void create_frame_buffer() {
-    frame_buffer = allocate_buffer<std::uint8_t>(FRAME_BYTES, "frame buffer");
+    frame_buffer = allocate_buffer<std::uint8_t>(frame_bytes(), "frame buffer");
 }
 
 void release_frame_buffer() {

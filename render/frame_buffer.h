@@ -1,10 +1,10 @@
-// The picture in memory, and the two operations that store pixels in it.
+// The frame in memory, and the two operations that store pixels in it.
 //
-// Device pixels are the 640 by 480 of the window, logical pixels the 320 by 240 of the view; both
-// count from the top-left corner, y growing downwards. Logical pixel (x, y) covers the device
-// pixels (2x..2x+1, 2y..2y+1). Both operations are defined here for the compiler to see through:
-// a frame stores some 80,000 logical pixels.
+// Both operations are defined here for the compiler to see through: a frame stores some 80,000
+// logical pixels.
 #pragma once
+
+#include "shell/screen.h"
 
 #include <bit>
 #include <cstddef>
@@ -13,26 +13,21 @@
 
 namespace tarvik {
 
-inline constexpr std::int32_t LOGICAL_WIDTH = 320;
-inline constexpr std::int32_t LOGICAL_HEIGHT = 240;
-
-inline constexpr std::int32_t DEVICE_WIDTH = 2 * LOGICAL_WIDTH;
-inline constexpr std::int32_t DEVICE_HEIGHT = 2 * LOGICAL_HEIGHT;
 inline constexpr std::ptrdiff_t PIXEL_BYTES = 3;
 inline constexpr std::ptrdiff_t ROW_BYTES = DEVICE_WIDTH * PIXEL_BYTES;
-inline constexpr std::size_t FRAME_BYTES = std::size_t{DEVICE_HEIGHT} * ROW_BYTES;
 
-/// Size of the window and of the frame buffer, device pixels: DEVICE_WIDTH by DEVICE_HEIGHT from
-/// the first to the last frame.
-extern std::int32_t screen_width;
-extern std::int32_t screen_height;
-
-/// `screen_width` * `screen_height` pixels of PIXEL_BYTES bytes, red, green, blue. The first row in
-/// memory is the BOTTOM row of the picture, as glDrawPixels expects it; rows have no padding.
+/// `screen_height` rows of `screen_width` pixels of PIXEL_BYTES bytes, red, green, blue, without
+/// gaps. OpenGL draws upwards, so the lowest row comes first.
 ///
 /// Its bytes are reached through this pointer only and are never the pointer's own, which a
 /// compiler has to be told: else it loads the pointer again after every pixel.
 extern std::uint8_t* __restrict frame_buffer;
+
+/// How many bytes those are.
+inline std::size_t frame_bytes() {
+    return static_cast<std::size_t>(screen_width) * static_cast<std::size_t>(screen_height) *
+           PIXEL_BYTES;
+}
 
 void create_frame_buffer();
 void release_frame_buffer();
@@ -45,7 +40,7 @@ inline std::uint8_t* pixel_at(std::int32_t x, std::int32_t y) {
 /// Stores device pixel (x, y); outside the frame buffer it does nothing. Of each colour component
 /// only the low 8 bits count.
 inline void put_pixel(std::int32_t x, std::int32_t y, int red, int green, int blue) {
-    if (x < 0 || x >= DEVICE_WIDTH || y < 0 || y >= DEVICE_HEIGHT) {
+    if (x < 0 || x >= screen_width || y < 0 || y >= screen_height) {
         return;
     }
     std::uint8_t* pixel = pixel_at(x, y);

@@ -2,8 +2,8 @@
 //
 // A glyph text is a string of rows of GLYPH_ROW_STRIDE characters. Row 0 is the header: its first
 // character is the glyph's width in cells, "1" to "7", the rest is not used for drawing. Rows 1 to
-// GLYPH_ROWS are the bitmap, top row first, "1" for a set cell; cells beyond the width are
-// padding and never drawn, like the row that all but the space have after the bitmap.
+// GLYPH_ROWS are the glyph from its top down, "1" for a set cell; cells beyond the width are
+// padding and never drawn, like the row that all but the space have at their end.
 #pragma once
 
 namespace tarvik {

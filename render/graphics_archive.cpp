@@ -13,7 +13,7 @@ namespace tarvik {
 
 namespace {
 
-static_assert(std::endian::native == std::endian::little, "records are read as they stand");
+static_assert(std::endian::native == std::endian::little, "records are read as they are");
 
 std::int32_t claimed_bytes(const Sprite& sprite) {
     const std::uint32_t product = static_cast<std::uint32_t>(sprite.width) *
@@ -22,11 +22,16 @@ std::int32_t claimed_bytes(const Sprite& sprite) {
     return static_cast<std::int32_t>(product);
 }
 
-/// Gives back what a cut or lying record claimed and the file did not hold, down to the last
-/// pixel of three bytes that was begun, and at least one byte so that `pixels` stays non-null.
+/// The bytes of all pixels of three bytes that `bytes` bytes begin.
+std::size_t whole_pixels(std::size_t bytes) {
+    return (bytes + 2) / 3 * 3;
+}
+
+/// Gives back what a cut or lying record claimed and the file did not hold, but for the last pixel
+/// that was begun, and at least one byte so that `pixels` stays non-null.
 void keep_bytes(Sprite& sprite, std::size_t bytes_read) {
-    const std::size_t whole_pixels = (bytes_read + 2) / 3 * 3;
-    const std::size_t kept = std::clamp<std::size_t>(whole_pixels, 1, sprite.pixel_bytes);
+    const std::size_t kept =
+        std::clamp<std::size_t>(whole_pixels(bytes_read), 1, sprite.pixel_bytes);
     if (kept == sprite.pixel_bytes) {
         return;
     }
@@ -36,73 +41,78 @@ void keep_bytes(Sprite& sprite, std::size_t bytes_read) {
     }
 }
 
-/// What may still be taken from the archive, bytes.
-struct Allowance {
-    std::size_t kept = MAX_PIXEL_BYTES;
-    std::size_t skipped = MAX_SKIPPED_BYTES;
+/// The file, and what may still be taken from it.
+struct Archive {
+    DataFile file{".\\data\\graphics.dat"};
+    std::size_t may_keep = MAX_PIXEL_BYTES;
+    std::uint64_t may_skip = MAX_SKIPPED_BYTES;
+    bool is_over = false; ///< the next record is out of reach
 };
 
-/// Takes the file to the next record, or uses the allowance up. Files can only be read, not sought
-/// in.
-void skip(DataFile& archive, std::size_t bytes, Allowance& allowance) {
+/// Takes the file to the next record. Files can only be read, not sought in.
+void skip(Archive& archive, std::size_t bytes) {
+    if (bytes > archive.may_skip) {
+        archive.is_over = true;
+        return;
+    }
+    archive.may_skip -= bytes;
     std::uint8_t skipped[64 * 1024];
-    bytes = std::min(bytes, allowance.skipped);
-    allowance.skipped -= bytes;
     while (bytes > 0) {
         const auto wanted = static_cast<DWORD>(std::min(bytes, sizeof skipped));
-        if (archive.read(skipped, wanted) < wanted) {
+        if (archive.file.read(skipped, wanted) < wanted) {
             return;
         }
         bytes -= wanted;
     }
 }
 
-/// Reads `claimed` bytes of a sprite, the first of them into memory: no more than half of what is
-/// left of the allowance, so that no sprite leaves the later ones without. Lowers the allowance by
-/// what the file held. The records after a huge one are read all the same: a huge start marker
-/// does not cost the player the mouse pointer.
-void read_pixels(DataFile& archive, Sprite& sprite, std::size_t claimed, Allowance& allowance) {
-    const std::size_t wanted = std::min(claimed, allowance.kept / 2);
-    sprite.pixel_bytes = std::max<std::size_t>(wanted, 1);
-    // Zeroed by calloc, so that a huge claim costs no memory before the file backs it.
+/// Reads `claimed` bytes of a sprite, as many of them into memory as may be kept. A sprite that
+/// there is no memory for stays empty. The next record is found all the same: a start marker that
+/// is far too large does not cost the player the mouse pointer.
+void read_pixels(Archive& archive, Sprite& sprite, std::size_t claimed) {
+    const std::size_t wanted = std::min({claimed, MAX_SPRITE_BYTES, archive.may_keep});
+    sprite.pixel_bytes = std::clamp<std::size_t>(whole_pixels(wanted), 1, claimed);
+    // Zeroed by calloc, so that a large claim costs no memory before the file backs it.
     sprite.pixels = static_cast<std::uint8_t*>(std::calloc(sprite.pixel_bytes, 1));
     if (sprite.pixels == nullptr) {
         sprite.width = 0;
         sprite.height = 0;
         sprite.bytes_per_pixel = 0;
         sprite.pixel_bytes = 0;
-        skip(archive, claimed, allowance);
+        skip(archive, claimed);
         return;
     }
-    const std::size_t bytes_read = archive.read(sprite.pixels, static_cast<DWORD>(wanted));
+    const std::size_t bytes_read = archive.file.read(sprite.pixels, static_cast<DWORD>(wanted));
     keep_bytes(sprite, bytes_read);
-    allowance.kept -= bytes_read;
+    archive.may_keep -= bytes_read;
     if (bytes_read == wanted) {
-        skip(archive, claimed - wanted, allowance);
+        skip(archive, claimed - wanted);
     }
 }
 
-void read_sprite(DataFile& archive, Sprite& sprite, Allowance& allowance) {
+void read_sprite(Archive& archive, Sprite& sprite) {
+    if (archive.is_over) {
+        return;
+    }
     // Each field by itself: one that the end of the file cuts keeps 0 in what is missing.
-    archive.read(&sprite.width, sizeof sprite.width);
-    archive.read(&sprite.height, sizeof sprite.height);
-    archive.read(&sprite.bytes_per_pixel, sizeof sprite.bytes_per_pixel);
+    archive.file.read(&sprite.width, sizeof sprite.width);
+    archive.file.read(&sprite.height, sizeof sprite.height);
+    archive.file.read(&sprite.bytes_per_pixel, sizeof sprite.bytes_per_pixel);
     const std::int32_t claimed = claimed_bytes(sprite);
     if (claimed > 0) {
-        read_pixels(archive, sprite, static_cast<std::size_t>(claimed), allowance);
+        read_pixels(archive, sprite, static_cast<std::size_t>(claimed));
     }
 }
 
 } // namespace
 
 void load_graphics_archive() {
-    DataFile archive(".\\data\\graphics.dat");
-    if (!archive.is_open()) {
+    Archive archive;
+    if (!archive.file.is_open()) {
         return;
     }
-    Allowance allowance;
-    for (int i = 0; i < SPRITE_COUNT && allowance.skipped > 0; ++i) {
-        read_sprite(archive, sprite_table[i], allowance);
+    for (int i = 0; i < SPRITE_COUNT; ++i) {
+        read_sprite(archive, sprite_table[i]);
     }
 }
 

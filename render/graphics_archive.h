@@ -8,19 +8,23 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 namespace tarvik {
 
-/// How many pixel bytes are kept of one archive, all sprites together. The format knows no limit;
-/// this one is far above what pictures for a view of 320 by 240 need. No sprite takes more than
-/// half of what the ones before it have left; of a larger one the first bytes are kept. So an
-/// archive that claims gigabytes, or holds them, costs neither the memory nor the time to draw
-/// them.
-inline constexpr std::size_t MAX_PIXEL_BYTES = std::size_t{32} * 1024 * 1024;
+// The format knows no limits. These lie beyond anything that a view of 320 by 240 can show, and
+// keep a file that claims or holds gigabytes from taking all memory, or minutes of the player's
+// time.
 
-/// How many pixel bytes that are not kept are read to get at later records. Where they do not
-/// suffice, the later sprites stay empty: gigabytes would have the player wait for seconds.
-inline constexpr std::size_t MAX_SKIPPED_BYTES = std::size_t{512} * 1024 * 1024;
+/// Pixel bytes kept of one record. Of a larger one the first are kept, the rest is passed over.
+inline constexpr std::size_t MAX_SPRITE_BYTES = std::size_t{64} * 1024 * 1024;
+
+/// Pixel bytes kept of all records together; those read after that keep next to nothing.
+inline constexpr std::size_t MAX_PIXEL_BYTES = std::size_t{1024} * 1024 * 1024;
+
+/// Pixel bytes passed over to get at later records. A record that would take more is treated as the
+/// archive's last.
+inline constexpr std::uint64_t MAX_SKIPPED_BYTES = std::uint64_t{8} * 1024 * 1024 * 1024;
 
 /// Fills `sprite_table` from ".\data\graphics.dat". Nothing is reported: a missing or unreadable
 /// archive leaves every sprite empty, a short one the sprites after its end.

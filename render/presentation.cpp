@@ -11,7 +11,7 @@ namespace tarvik {
 
 void clear_frame() {
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    std::memset(frame_buffer, 0, FRAME_BYTES);
+    std::memset(frame_buffer, 0, frame_bytes());
 }
 
 void present_frame() {

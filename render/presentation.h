@@ -6,8 +6,8 @@ namespace tarvik {
 /// Clears the window's back buffer and sets the whole frame buffer to black.
 void clear_frame();
 
-/// Hands the frame buffer to OpenGL unchanged and swaps the window's buffers. No other OpenGL
-/// state is ever set: the raster position stays at the lower-left corner, the zoom at 1.
+/// Hands the frame buffer to OpenGL unchanged and swaps the window's buffers. That fits the window
+/// exactly as OpenGL comes: nobody ever sets a raster position or a zoom.
 void present_frame();
 
 } // namespace tarvik

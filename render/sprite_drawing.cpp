@@ -1,5 +1,5 @@
-// Both drawing operations are one loop; they differ in what puts the pixel, and in whether what
-// lies to the left of the view or above it can be left out.
+// Both drawing operations are one loop; they differ in what puts the pixel, and in whether what is
+// beyond the left or the upper edge can be left out.
 #include "render/sprite_drawing.h"
 
 #include "render/frame_buffer.h"
@@ -17,6 +17,10 @@ constexpr std::int64_t DRAWN_BYTES_PER_PIXEL = 3;
 
 enum class OutsideTopLeft { DROPPED, MOVED_TO_THE_EDGE };
 
+bool is_transparent(const std::uint8_t* pixel) {
+    return (pixel[0] << 16 | pixel[1] << 8 | pixel[2]) == SPRITE_TRANSPARENT;
+}
+
 /// Which columns (or rows) of a sprite can show: from `first` up to `end`, `end` not included.
 struct Span {
     std::int64_t first;
@@ -28,6 +32,15 @@ Span showing(std::int64_t position, std::int64_t width, std::int64_t view_size,
     const std::int64_t before = std::max<std::int64_t>(-position, 0);
     return {.first = outside == OutsideTopLeft::DROPPED ? before : 0,
             .end = std::min(width, view_size - position)};
+}
+
+/// Where a row may begin whose first columns, up to `edge`, all land on the view's left column: at
+/// the last of them that is drawn, as it stays.
+std::int64_t last_on_edge(const std::uint8_t* row_pixels, std::int64_t edge) {
+    while (edge > 0 && is_transparent(row_pixels + edge * DRAWN_BYTES_PER_PIXEL)) {
+        --edge;
+    }
+    return std::max<std::int64_t>(edge, 0);
 }
 
 /// A sprite may claim any width and hold almost nothing, and the position may be any at all: what
@@ -46,16 +59,17 @@ void draw_pixels(std::int32_t x, std::int32_t y, std::int32_t n, Plot plot_pixel
         if (row_start >= pixels_held) {
             return;
         }
+        const std::uint8_t* row_pixels = sprite.pixels + row_start * DRAWN_BYTES_PER_PIXEL;
         const std::int64_t end = std::min(columns.end, pixels_held - row_start);
-        for (std::int64_t column = columns.first; column < end; ++column) {
-            const std::uint8_t* pixel =
-                sprite.pixels + (row_start + column) * DRAWN_BYTES_PER_PIXEL;
-            const int red = pixel[0];
-            const int green = pixel[1];
-            const int blue = pixel[2];
-            if ((red | green | blue) != 0) {
+        std::int64_t column = columns.first;
+        if (outside == OutsideTopLeft::MOVED_TO_THE_EDGE) {
+            column = last_on_edge(row_pixels, std::min(-std::int64_t{x}, end - 1));
+        }
+        for (; column < end; ++column) {
+            const std::uint8_t* pixel = row_pixels + column * DRAWN_BYTES_PER_PIXEL;
+            if (!is_transparent(pixel)) {
                 plot_pixel(static_cast<std::int32_t>(x + column),
-                           static_cast<std::int32_t>(y + row), red, green, blue);
+                           static_cast<std::int32_t>(y + row), pixel[0], pixel[1], pixel[2]);
             }
         }
     }

@@ -9,13 +9,16 @@ namespace tarvik {
 inline constexpr std::int32_t START_MARKER_IMAGE = 30;
 inline constexpr std::int32_t CURSOR_IMAGE = 250;
 
+/// The colour that a sprite's pixels have where it shows nothing, 0xRRGGBB: black.
+inline constexpr std::int32_t SPRITE_TRANSPARENT = 0x000000;
+
 /// Draws sprite n (0 to SPRITE_COUNT - 1; any other number draws nothing) as a square of its
-/// width, top-left corner at logical (x, y). Black pixels, (0, 0, 0), are transparent. Of a sprite
+/// width, top-left corner at logical (x, y), but for its pixels of SPRITE_TRANSPARENT. Of a sprite
 /// with another shape or depth only the pixels inside its bytes are drawn.
 void draw_sprite(std::int32_t x, std::int32_t y, std::int32_t n);
 
-/// The same, but what falls to the left of the view or above it lands on the view's left column
-/// or top row instead of being dropped; among several pixels on one place the last one stays.
+/// The same, but what would be lost beyond the left or the upper edge is pushed onto the edge; of
+/// several pixels in one place the last stays.
 void draw_sprite_clamped(std::int32_t x, std::int32_t y, std::int32_t n);
 
 /// `plot` with negative coordinates moved to 0.

@@ -14,9 +14,10 @@ extern char* text_buffer;
 void create_text_buffer();
 void release_text_buffer();
 
-/// Draws `text_buffer` with its top-left corner at logical (x, y); visible pixels lie in the rows
-/// y + 2 to y + 9, those of capitals and digits in y + 3 to y + 7. Only set cells are drawn, what
-/// lies beneath the others stays. Characters without a glyph are skipped and move no pen.
+/// Draws `text_buffer` with its top-left corner at logical (x, y). Capitals and digits take the
+/// five rows from y + 3 on, the tallest letters begin one row above them and the lowest end two
+/// below. Only set cells are drawn, what is beneath the others stays. Characters without a glyph
+/// are skipped and move no pen.
 void draw_text(std::int32_t x, std::int32_t y, int red, int green, int blue);
 
 } // namespace tarvik

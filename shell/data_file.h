@@ -9,11 +9,11 @@ namespace tarvik {
 
 /// A data file, open for reading from its start, closed when it goes out of scope.
 ///
-/// Data files are opened for reading and writing and created where missing: a missing file in an
-/// existing folder is left behind empty, and a file that may not be written does not open.
+/// Opening asks for the right to write as well and creates what is not there: an empty file is left
+/// behind if there is a folder for it, and a file that may not be written does not open.
 class DataFile {
   public:
-    /// `name` is relative to the current working directory, its folders separated by backslashes.
+    /// `name` counts from the folder that the game runs in, with backslashes between folders.
     explicit DataFile(const char* name);
     ~DataFile();
     DataFile(const DataFile&) = delete;

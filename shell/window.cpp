@@ -1,7 +1,7 @@
-// Thin sequences of system calls; the results that nobody examines are meant not to be examined.
+// Thin sequences of system calls. What fails without a word here is meant to: the game goes on.
 #include "shell/window.h"
 
-#include "render/frame_buffer.h"
+#include "shell/screen.h"
 #include "shell/window_procedure.h"
 
 namespace tarvik {
@@ -16,7 +16,7 @@ namespace {
 constexpr const char* WINDOW_CLASS_NAME = "Quillaby - Tarvik";
 constexpr const char* WINDOW_TITLE = "Quillaby - Tarvik V0.1";
 
-void register_window_class() {
+bool register_window_class() {
     WNDCLASSA window_class{};
     window_class.style = CS_OWNDC;
     window_class.lpfnWndProc = window_procedure;
@@ -28,7 +28,7 @@ void register_window_class() {
     window_class.hbrBackground = nullptr;
     window_class.lpszMenuName = nullptr;
     window_class.lpszClassName = WINDOW_CLASS_NAME;
-    RegisterClassA(&window_class);
+    return RegisterClassA(&window_class) != 0;
 }
 
 void set_up_gl_context() {

@@ -17,9 +17,9 @@ extern HDC device_context;
 /// The OpenGL context, current on the one thread from creation to teardown.
 extern HGLRC gl_context;
 
-/// Opens the borderless window, `screen_width` by `screen_height` pixels and centred on the
-/// primary display, and shows it once its OpenGL context is current. A window that cannot be
-/// created is reported in a message box; start-up goes on all the same.
+/// Opens the borderless window in the middle of the display, `screen_width` by `screen_height`, and
+/// shows it once its OpenGL context is current. A window that cannot be created is reported in a
+/// message box; start-up goes on all the same.
 void create_game_window();
 
 /// Restores the display mode and the system pointer and takes the context and the window down.

@@ -1,4 +1,4 @@
-// The state of a key at the moment of the call.
+// Whether the player holds a key, asked of the system itself.
 #include "platform/desktop/key_state.h"
 
 #include "platform/common/keys.h"

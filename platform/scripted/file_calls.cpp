@@ -19,7 +19,7 @@ namespace {
 /// One of the two is set.
 struct DataStream {
     const File* memory = nullptr;
-    std::size_t position = 0;
+    std::uint64_t position = 0;
     std::FILE* disk = nullptr;
 };
 
@@ -55,12 +55,18 @@ bool open_on_disk(const std::string& name, DataStream& file) {
 }
 
 DWORD read_memory(DataStream& file, void* buffer, DWORD wanted) {
-    const std::size_t left = file.memory->bytes.size() - file.position;
-    const std::size_t count = std::min<std::size_t>(left, wanted);
-    std::copy_n(file.memory->bytes.data() + file.position, count,
-                static_cast<std::uint8_t*>(buffer));
-    file.position += count;
-    return static_cast<DWORD>(count);
+    const std::vector<std::uint8_t>& bytes = file.memory->bytes;
+    const std::uint64_t left = bytes.size() * file.memory->times - file.position;
+    const auto count = static_cast<DWORD>(std::min<std::uint64_t>(left, wanted));
+    auto* target = static_cast<std::uint8_t*>(buffer);
+    for (std::size_t missing = count; missing > 0;) {
+        const auto at = static_cast<std::size_t>(file.position % bytes.size());
+        const std::size_t piece = std::min(missing, bytes.size() - at);
+        target = std::copy_n(bytes.data() + at, piece, target);
+        file.position += piece;
+        missing -= piece;
+    }
+    return count;
 }
 
 } // namespace

@@ -27,6 +27,7 @@ void hold_key(int virtual_key, bool down);
 /// A file of the game's data folder, in memory.
 struct File {
     std::vector<std::uint8_t> bytes;
+    std::uint64_t times = 1; ///< how often the file holds `bytes`, one after the other
     bool read_only = false;
 };
 

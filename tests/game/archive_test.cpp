@@ -1,12 +1,15 @@
 // The graphics archive, whole, cut and lying.
 #include "platform/scripted/scripted.h"
+#include "render/frame_buffer.h"
 #include "render/graphics_archive.h"
+#include "render/presentation.h"
 #include "render/sprite.h"
+#include "render/sprite_drawing.h"
 #include "tests/support/program.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
+#include <algorithm>
 #include <fstream>
 #include <numeric>
 #include <sys/resource.h>
@@ -110,59 +113,88 @@ TEST_F(Archive, AHugeClaimKeepsNoMemoryThatTheFileDoesNotBack) {
     EXPECT_TRUE(is_empty(1));
 }
 
-TEST_F(Archive, KeepsNoMoreThanItsLimitAndFindsTheNextRecordAllTheSame) {
-    constexpr std::int32_t SIDE = 2500; // 18.75 MB, more than half of the limit
+TEST_F(Archive, OrdinaryPicturesInEverySlotAreReadByOneCallEachKeptAndDrawnWhole) {
+    create_frame_buffer();
+    for (const auto& [side, pictures_held] : {std::pair(256, 251), {128, SPRITE_COUNT}}) {
+        const std::size_t size = static_cast<std::size_t>(side) * side * 3;
+        std::vector<Image> images;
+        for (int n = 0; n < pictures_held; ++n) {
+            images.push_back(
+                {n, side, side, 3, std::vector<std::uint8_t>(size, static_cast<std::uint8_t>(n))});
+        }
+        scripted::calls.clear();
+        scripted::recording = true;
+        load(archive_of(images));
+        scripted::recording = false;
+        EXPECT_EQ(std::ranges::count(scripted::calls, "ReadFile 4 null"), 3 * SPRITE_COUNT);
+        EXPECT_EQ(std::ranges::count(scripted::calls, "ReadFile " + std::to_string(size) + " null"),
+                  pictures_held);
+        EXPECT_EQ(scripted::calls.size(), 2U + 3 * SPRITE_COUNT + pictures_held);
+        for (int n = 0; n < pictures_held; ++n) {
+            const Sprite& sprite = sprite_table[n];
+            ASSERT_EQ(sprite.pixel_bytes, size) << n;
+            ASSERT_EQ(std::count(sprite.pixels, sprite.pixels + size, static_cast<std::uint8_t>(n)),
+                      static_cast<std::ptrdiff_t>(size))
+                << n;
+        }
+        for (const int n : {START_MARKER_IMAGE, CURSOR_IMAGE}) {
+            clear_frame();
+            draw_sprite(10, -20, n);
+            const std::string drawn = pixels_of(frame_buffer_copy(), {n, n, n});
+            EXPECT_EQ(std::ranges::count(drawn, ','), side * (side - 20)) << n;
+        }
+        release_sprite_table();
+    }
+    release_frame_buffer();
+}
+
+TEST_F(Archive, OfAnEnormousPictureTheStartIsKeptAndTheNextRecordFound) {
+    constexpr std::int32_t SIDE = 4800; // 69 MB
     load(
         archive_of({{30, SIDE, SIDE, 3, std::vector<std::uint8_t>(std::size_t{SIDE} * SIDE * 3, 5)},
                     {250, 1, 2, 3, counting_bytes(6)}}));
     EXPECT_EQ(sprite_table[30].width, SIDE);
-    EXPECT_EQ(sprite_table[30].pixel_bytes, MAX_PIXEL_BYTES / 2);
-    EXPECT_EQ(sprite_table[30].pixels[MAX_PIXEL_BYTES / 2 - 1], 5);
+    EXPECT_EQ(sprite_table[30].pixel_bytes, 67108866U); // 64 MiB and the end of a pixel
+    EXPECT_EQ(sprite_table[30].pixels[67108863], 5);
+    EXPECT_EQ(sprite_table[30].pixels[67108864], 0);
     EXPECT_EQ(sprite_table[250].pixel_bytes, 6U);
     EXPECT_EQ(sprite_table[250].pixels[5], 6);
+}
 
-    release_sprite_table();
-    std::vector<Image> images;
-    for (int n = 0; n < 40; ++n) {
-        images.push_back({n, 1500, 1500, 3, std::vector<std::uint8_t>(6750000, 5)});
+TEST_F(Archive, ManyEnormousPicturesAreKeptUpToAGigabyteAndReadUpToSomeMore) {
+    // A file of nothing but this header: each picture ends where its bytes are a header again.
+    constexpr std::int32_t SIDE = 5478;
+    constexpr std::uint64_t CLAIMED = std::uint64_t{SIDE} * SIDE * 3; // 90 MB
+    static_assert(CLAIMED % 12 == 0);
+    const std::vector<std::uint8_t> header = archive_of({{0, SIDE, SIDE, 3, {}}});
+    std::vector<std::uint8_t> headers;
+    for (int i = 0; i < 5000; ++i) {
+        headers.insert(headers.end(), header.begin(), header.begin() + 12);
     }
-    load(archive_of(images));
-    std::size_t kept = 0;
-    for (int n = 0; n < SPRITE_COUNT; ++n) {
-        kept += sprite_table[n].pixel_bytes;
+    scripted::memory_files["data/graphics.dat"].times = 10'000'000'000 / headers.size();
+    load(headers);
+
+    constexpr std::uint64_t GIGABYTE = std::uint64_t{1} << 30U;
+    std::uint64_t kept = 0;
+    int read = 0;
+    for (; read < SPRITE_COUNT && sprite_table[read].pixels != nullptr; ++read) {
+        ASSERT_EQ(sprite_table[read].width, SIDE);
+        kept += sprite_table[read].pixel_bytes;
     }
-    EXPECT_EQ(sprite_table[2].pixel_bytes, 6750000U);
-    EXPECT_EQ(sprite_table[39].width, 1500);
-    EXPECT_EQ(sprite_table[39].pixel_bytes, 1U); // non-null, as the record is not empty
-    EXPECT_LE(kept, MAX_PIXEL_BYTES + 40);
+    EXPECT_EQ(sprite_table[15].pixel_bytes, 67108866U);
+    EXPECT_EQ(sprite_table[16].pixel_bytes, 1U); // not null, as the record is not empty
+    EXPECT_GE(kept, GIGABYTE);
+    EXPECT_LE(kept, GIGABYTE + static_cast<std::uint64_t>(read) * 2);
+    EXPECT_EQ(read, (GIGABYTE + MAX_SKIPPED_BYTES) / CLAIMED + 1);
+    EXPECT_TRUE(is_empty(read) && is_empty(SPRITE_COUNT - 1));
 }
 
 TEST_F(Archive, EndsWhereTheFileDoesAlsoInTheMiddleOfWhatItPassesOver) {
     auto bytes = archive_of(
-        {{0, 8000, 5000, 1, std::vector<std::uint8_t>(40000000, 5)}, {1, 1, 1, 3, {1, 2, 3}}});
-    bytes.resize(37000000);
+        {{0, 8000, 9000, 1, std::vector<std::uint8_t>(72000000, 5)}, {1, 1, 1, 3, {1, 2, 3}}});
+    bytes.resize(70000000);
     load(std::move(bytes));
-    EXPECT_EQ(sprite_table[0].pixel_bytes, MAX_PIXEL_BYTES / 2);
-    EXPECT_TRUE(is_empty(1));
-}
-
-TEST_F(Archive, PassesOverNoMoreThanHalfAGigabyte) {
-    char folder[] = "/tmp/tarvik-archive-XXXXXX";
-    ASSERT_NE(mkdtemp(folder), nullptr);
-    std::filesystem::current_path(folder);
-    std::filesystem::create_directory("data");
-    const std::int32_t huge[] = {30000, 10000, 2}; // 600 MB, of which the disk stores nothing
-    const std::int32_t next[] = {1, 1, 0};
-    std::ofstream file("data/graphics.dat", std::ios::binary);
-    file.write(reinterpret_cast<const char*>(huge), sizeof huge);
-    file.seekp(MAX_PIXEL_BYTES / 2 + MAX_SKIPPED_BYTES, std::ios::cur); // where reading ends
-    file.write(reinterpret_cast<const char*>(next), sizeof next);
-    file.close();
-    scripted::use_memory_files = false;
-    create_sprite_table();
-    load_graphics_archive();
-    std::filesystem::remove_all(folder);
-    EXPECT_EQ(sprite_table[0].pixel_bytes, MAX_PIXEL_BYTES / 2);
+    EXPECT_EQ(sprite_table[0].pixel_bytes, 67108866U);
     EXPECT_TRUE(is_empty(1));
 }
 

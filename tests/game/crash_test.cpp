@@ -1,4 +1,5 @@
-// When an off-road car goes back to the start.
+// Which cars are put back, and what that takes from the player.
+#include "race/car_motion.h"
 #include "race/crash.h"
 #include "tests/support/race_test.h"
 
@@ -8,11 +9,12 @@ namespace {
 class Crash : public RaceTest {
   protected:
     /// Whether a car with so many corners off the road is put back, after a given seed.
-    static bool resets(std::int32_t at_difficulty, int hits, std::uint32_t seed) {
+    static bool resets(std::int32_t at_difficulty, std::int32_t with_hits, std::uint32_t seed) {
         difficulty = at_difficulty;
         x = 1000.0F;
         srand(seed);
-        apply_crash_rules(hits);
+        hits = with_hits;
+        apply_crash_rules();
         return x == 2400.0F;
     }
 

@@ -154,7 +154,7 @@ Invariants::GhostBuffers Invariants::ghost_buffers() {
 }
 
 Invariants::Invariants()
-    : frame_memory_(FRAME_BYTES), text_memory_(TEXT_BUFFER_SIZE), own_frame_buffer_(frame_buffer),
+    : frame_memory_(frame_bytes()), text_memory_(TEXT_BUFFER_SIZE), own_frame_buffer_(frame_buffer),
       own_text_buffer_(text_buffer), ghost_buffers_(ghost_buffers()) {
     frame_buffer = frame_memory_.data();
     text_buffer = reinterpret_cast<char*>(text_memory_.data());
