@@ -45,7 +45,7 @@ void keep_bytes(Sprite& sprite, std::size_t bytes_read) {
 struct Archive {
     DataFile file{".\\data\\graphics.dat"};
     std::size_t may_keep = MAX_PIXEL_BYTES;
-    std::uint64_t may_skip = MAX_SKIPPED_BYTES;
+    std::size_t may_skip = MAX_SKIPPED_BYTES;
     bool is_over = false; ///< the next record is out of reach
 };
 

@@ -8,7 +8,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 
 namespace tarvik {
 
@@ -22,9 +21,9 @@ inline constexpr std::size_t MAX_SPRITE_BYTES = std::size_t{64} * 1024 * 1024;
 /// Pixel bytes kept of all records together; those read after that keep next to nothing.
 inline constexpr std::size_t MAX_PIXEL_BYTES = std::size_t{1024} * 1024 * 1024;
 
-/// Pixel bytes passed over to get at later records. A record that would take more is treated as the
-/// archive's last.
-inline constexpr std::uint64_t MAX_SKIPPED_BYTES = std::uint64_t{8} * 1024 * 1024 * 1024;
+/// Pixel bytes passed over to get at later records, as many as the largest of all records has; that
+/// can take seconds. A record that would take more is treated as the archive's last.
+inline constexpr std::size_t MAX_SKIPPED_BYTES = std::size_t{2048} * 1024 * 1024;
 
 /// Fills `sprite_table` from ".\data\graphics.dat". Nothing is reported: a missing or unreadable
 /// archive leaves every sprite empty, a short one the sprites after its end.

@@ -106,7 +106,11 @@ class HostileArchive : public PlayTest {
         constexpr std::size_t WHAT_VARIES = 8 * MEBIBYTE;
         const auto start = std::chrono::steady_clock::now();
         start_game(server_.display());
-        ASSERT_TRUE(player_.finds_game_with(colour, 600, 300)) << read(folder_ / "errors");
+        bool found = false; // gigabytes may have to be read, beside other programs' reading
+        for (int attempt = 0; attempt < 6 && !found; ++attempt) {
+            found = player_.finds_game_with(colour, 600, 300);
+        }
+        ASSERT_TRUE(found) << read(folder_ / "errors");
         const std::chrono::duration<double> start_time = std::chrono::steady_clock::now() - start;
         player_.watch_pictures();
         int best = 0; // another program may make it slower for a while
@@ -147,7 +151,7 @@ TEST_F(HostileArchive, CostsNeitherTimeNorMemory) {
         {"five gigabytes of nothing", {}, FIVE_GIGABYTES},
         {"1400 claims of two gigabytes", same_in_all(TWO_GIGABYTES), 0},
         {"the same, and five gigabytes to read", same_in_all(TWO_GIGABYTES), FIVE_GIGABYTES,
-         3 * 64 * MEBIBYTE},
+         2 * 64 * MEBIBYTE},
         {"1400 pictures of a megabyte", same_in_all({591, 591, 3, 0}), 1'467'000'000,
          1024 * MEBIBYTE},
         {"251 ordinary pictures", Records(251, {256, 256, 3, 196'608}), 0, 48 * MEBIBYTE,
