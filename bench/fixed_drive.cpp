@@ -2,11 +2,11 @@
 //
 // Driving, the end of a lap and a track switch on a map that is made here, so that neither the
 // game's data nor its tracks change the count. bench/check-instructions runs it under callgrind.
+#include "game/start_up.h"
 #include "platform/win32.h"
 #include "race/laps.h"
 #include "race/race_frame.h"
 #include "race/race_state.h"
-#include "shell/start_up.h"
 #include "tests/signature/drives.h"
 #include "tests/support/program.h"
 

@@ -3,6 +3,7 @@
 // The demo's driver drives two laps, the second with a ghost beside it, and then the track is
 // switched. The chart shows the second lap, its end and the switch.
 #include "bench/chart.h"
+#include "game/start_up.h"
 #include "platform/desktop/display.h"
 #include "platform/driver.h"
 #include "race/race_frame.h"
@@ -10,7 +11,6 @@
 #include "race/random.h"
 #include "race/track_grid.h"
 #include "shell/input.h"
-#include "shell/start_up.h"
 #include "tools/demo/data_folder.h"
 #include "tools/demo/driver.h"
 

@@ -3,10 +3,10 @@
 #include "bench/floors.h"
 #include "bench/process_memory.h"
 #include "bench/row.h"
+#include "game/start_up.h"
 #include "race/race_frame.h"
 #include "race/random.h"
 #include "race/track_grid.h"
-#include "shell/start_up.h"
 #include "tools/demo/data_folder.h"
 #include "tools/demo/driver.h"
 

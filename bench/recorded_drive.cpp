@@ -1,6 +1,7 @@
 // Recording and playing key messages. The race depends on nothing else, so it repeats itself.
 #include "bench/recorded_drive.h"
 
+#include "game/start_up.h"
 #include "platform/driver.h"
 #include "race/race_frame.h"
 #include "race/race_selection.h"
@@ -9,7 +10,6 @@
 #include "race/track_grid.h"
 #include "race/view.h"
 #include "shell/input.h"
-#include "shell/start_up.h"
 #include "tools/demo/driver.h"
 
 #include <algorithm>

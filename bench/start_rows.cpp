@@ -4,13 +4,13 @@
 #include "bench/floors.h"
 #include "bench/process_memory.h"
 #include "bench/row.h"
+#include "game/start_up.h"
 #include "platform/scripted/scripted.h"
 #include "race/laps.h"
 #include "race/race_frame.h"
 #include "race/race_state.h"
 #include "race/track_grid.h"
 #include "shell/input.h"
-#include "shell/start_up.h"
 
 #include <cstdio>
 #include <cstdlib>

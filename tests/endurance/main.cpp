@@ -6,7 +6,7 @@
 //   tarvik-endurance laps 10000          COUNT laps, each as short as a lap can be
 //   tarvik-endurance switches 1000       COUNT track switches
 #include "bench/process_memory.h"
-#include "shell/start_up.h"
+#include "game/start_up.h"
 #include "tests/endurance/long_drives.h"
 #include "tests/signature/drives.h"
 

@@ -1,6 +1,7 @@
 // Starting the game once and undoing what an input did.
 #include "tests/fuzz/fuzz_game.h"
 
+#include "game/start_up.h"
 #include "platform/scripted/scripted.h"
 #include "race/race_frame.h"
 #include "race/race_state.h"
@@ -8,7 +9,6 @@
 #include "race/track_grid.h"
 #include "race/view.h"
 #include "shell/input.h"
-#include "shell/start_up.h"
 #include "tests/support/invariants.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 //   tarvik-signature                 prints the signature
 //   tarvik-signature --check FOLDER  compares each drive with FOLDER/NAME.txt as well
 //   tarvik-signature --write FOLDER  writes those files; say in the commit why they changed
-#include "shell/start_up.h"
+#include "game/start_up.h"
 #include "tests/signature/trace.h"
 
 #include <cstdio>

@@ -1,13 +1,13 @@
 // A started game without its main loop, for tests that go frame by frame or call by call.
 #pragma once
 
+#include "game/start_up.h"
 #include "platform/win32.h"
 #include "race/race_frame.h"
 #include "race/race_state.h"
 #include "race/random.h"
 #include "race/track_grid.h"
 #include "shell/input.h"
-#include "shell/start_up.h"
 #include "tests/support/program.h"
 
 #include <gtest/gtest.h>

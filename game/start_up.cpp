@@ -1,5 +1,5 @@
 // The fixed orders of start-up and shutdown.
-#include "shell/start_up.h"
+#include "game/start_up.h"
 
 #include "platform/win32.h"
 #include "race/race_state.h"

@@ -1,11 +1,11 @@
 // Program entry and main loop.
+#include "game/start_up.h"
 #include "platform/win32.h"
 #include "race/race_frame.h"
 #include "race/track_grid.h"
 #include "race/view.h"
 #include "render/presentation.h"
 #include "shell/input.h"
-#include "shell/start_up.h"
 #include "shell/window.h"
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int) {
