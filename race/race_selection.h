@@ -3,8 +3,8 @@
 
 namespace tarvik {
 
-/// Brackets switch tracks, digits choose the difficulty, F1 and F2 hold the game for a moment. Keys do
-/// not exclude each other: whatever is down takes effect, in this order.
+/// Brackets switch tracks, digits choose the difficulty, F1 and F2 hold the game for a moment. Keys
+/// do not exclude each other: whatever is down takes effect, in this order.
 void handle_race_keys();
 
 } // namespace tarvik
