@@ -50,14 +50,18 @@ bool is_one_line(const std::string& text) {
     return !text.empty() && text.find('\n') == text.size() - 1;
 }
 
+void make_data(const std::filesystem::path& folder) {
+    std::filesystem::create_directory(folder / "data");
+    // Cells of 0 are road, and so is a file that is one hole.
+    std::ofstream(folder / "data" / "race1.map");
+    std::filesystem::resize_file(folder / "data" / "race1.map", 100'000'000);
+    write_graphics(folder / "data" / "graphics.dat");
+}
+
 void PlayTest::SetUp() {
     ASSERT_FALSE(server_.display().empty()) << "Xvfb did not start";
     folder_ = make_folder("play");
-    std::filesystem::create_directory(folder_ / "data");
-    // Cells of 0 are road, and so is a file that is one hole.
-    std::ofstream(folder_ / "data" / "race1.map");
-    std::filesystem::resize_file(folder_ / "data" / "race1.map", 100'000'000);
-    write_graphics(folder_ / "data" / "graphics.dat");
+    make_data(folder_);
 }
 
 void PlayTest::TearDown() {

@@ -31,6 +31,9 @@ int pictures_in_a_second(Player& player);
 
 bool is_one_line(const std::string& text);
 
+/// Puts the game's data into a folder: a track that is road everywhere, marker and pointer.
+void make_data(const std::filesystem::path& folder);
+
 class PlayTest : public testing::Test {
   protected:
     void SetUp() override;

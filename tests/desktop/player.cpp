@@ -76,7 +76,7 @@ Pixels Player::look_at(const Area& area) const {
 }
 
 bool Player::waits_until(const std::function<bool()>& condition) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
     while (!condition()) {
         if (std::chrono::steady_clock::now() >= end) {
             return false;

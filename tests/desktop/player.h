@@ -44,7 +44,7 @@ class Player {
 
     Pixels look_at(const Area& area) const;
 
-    /// Waits until a condition holds. False when it does not within ten seconds.
+    /// Waits until a condition holds. False when it does not within a minute.
     static bool waits_until(const std::function<bool()>& condition);
 
     void press(KeySym key) const;
