@@ -30,6 +30,7 @@ for (const { inPage, full, ...screen } of SCREENS) {
     await page.click('.below .full-screen');
     await page.waitForFunction(() => document.fullscreenElement && document.documentElement.dataset.filled !== undefined);
     await assertCrisp(page, full, 'in the middle of a black screen');
+    await assertPointerFollows(page);
     assert.equal(await web.focused(page), 'game');
     assert.equal(await page.$eval('.pad', (pad) => pad.checkVisibility()), false, 'touch buttons beside a mouse');
     await page.evaluate(() => document.exitFullscreen());
@@ -64,6 +65,25 @@ async function assertCrisp(page, block, alone) {
   };
   const different = await page.evaluate(compare, `data:image/png;base64,${png}`, block, alone !== undefined);
   assert.equal(different, 0, `different pixels: ${block} for one of the game, ${alone ?? 'in the page'}`);
+}
+
+/// The game's pointer, in the corner at first, goes to the mouse's place among the canvas's pixels.
+async function assertPointerFollows(page) {
+  const columnAt = (left, top) =>
+    page.evaluate(
+      (...place) => {
+        const copy = new OffscreenCanvas(2, 20).getContext('2d');
+        copy.drawImage(document.getElementById('game'), ...place, 2, 20, 0, 0, 2, 20);
+        return Array.from(copy.getImageData(0, 0, 2, 20).data);
+      },
+      left,
+      top,
+    );
+  const pointer = await columnAt(0, 0);
+  const { x, y, width } = await (await page.$('#game')).boundingBox();
+  await page.mouse.move(x + (100.5 * width) / 640, y + (60.5 * width) / 640);
+  await web.picturesLater(page, 3);
+  assert.deepEqual(await columnAt(2 * 100, 2 * 60), pointer);
 }
 
 test('the game takes its own keys and leaves the browser the others', async (t) => {

@@ -48,11 +48,10 @@ void write_picture() {
 }
 
 void write_state() {
-    std::fprintf(stderr,
-                 R"({"race":%d,"gear":%d,"speed":%g,"heading":%g,"y":%g,"cycle":%d,"best":%d})",
+    std::fprintf(stderr, R"({"race":%d,"gear":%d,"speed":%g,"heading":%g,"y":%g,"cycle":%d})",
                  race_number, gear[PLAYER_SLOT], static_cast<double>(speed[PLAYER_SLOT]),
                  static_cast<double>(heading[PLAYER_SLOT]), static_cast<double>(car_y[PLAYER_SLOT]),
-                 cycle[PLAYER_SLOT], best_cycle[PLAYER_SLOT]);
+                 cycle[PLAYER_SLOT]);
 }
 
 } // namespace
