@@ -52,20 +52,6 @@ TEST_F(Controls, EachGearPullsBetweenItsBoundsOnly) {
     EXPECT_EQ(throttle(1, 0.1F), 0.1F * 1.06F);
 }
 
-TEST_F(Controls, FullThrottleEndsALittleBeyondTheGearsBound) {
-    gear[PLAYER_SLOT] = 1;
-    key_down[VK_UP] = 1;
-    for (int i = 0; i < 30; ++i) {
-        apply_throttle();
-    }
-    EXPECT_LT(velocity, 0.6F);
-    apply_throttle();
-    EXPECT_NEAR(velocity, 0.60881F, 0.00001F);
-    const float end = velocity;
-    apply_throttle();
-    EXPECT_EQ(velocity, end);
-}
-
 TEST_F(Controls, BrakeBandsExcludeTheirBounds) {
     EXPECT_EQ(brake(0.31F), 0.31F / 1.04F);
     EXPECT_EQ(brake(0.29F), 0.29F / 1.06F);

@@ -131,12 +131,5 @@ TEST_F(Lap, GhostsAreDrawnInTheirColoursAtTheFrameOfTheLap) {
     EXPECT_EQ(picture.logical(64, 64), (Pixel{255, 0, 0}));
 }
 
-TEST_F(Lap, WithoutATimedLapAllGhostsStandAtTheirFirstEntry) {
-    view_x = view_y = 0;
-    frames(1);
-    const Picture picture = frame_buffer_copy();
-    EXPECT_EQ(picture.logical(111, 105), (Pixel{0, 255, 255})); // the last one drawn
-}
-
 } // namespace
 } // namespace tarvik::test

@@ -153,25 +153,8 @@ Invariants::GhostBuffers Invariants::ghost_buffers() {
     return buffers;
 }
 
-Invariants::Invariants()
-    : frame_memory_(frame_bytes()), text_memory_(TEXT_BUFFER_SIZE), own_frame_buffer_(frame_buffer),
-      own_text_buffer_(text_buffer), ghost_buffers_(ghost_buffers()) {
-    frame_buffer = frame_memory_.data();
-    text_buffer = reinterpret_cast<char*>(text_memory_.data());
-}
-
-Invariants::~Invariants() {
-    frame_buffer = own_frame_buffer_;
-    text_buffer = own_text_buffer_;
-}
-
-std::string Invariants::fault() {
+std::string Invariants::fault() const {
     Faults faults;
-    faults.expect(frame_buffer == frame_memory_.data() && frame_memory_.is_intact(),
-                  "guard bytes of the frame buffer", 0);
-    faults.expect(text_buffer == reinterpret_cast<char*>(text_memory_.data()) &&
-                      text_memory_.is_intact(),
-                  "guard bytes of the text buffer", 0);
     faults.expect(std::memchr(text_buffer, '\0', TEXT_BUFFER_SIZE) != nullptr,
                   "end of the text within", TEXT_BUFFER_SIZE);
     faults.expect(ghost_buffers() == ghost_buffers_, "ghost buffers", 0);
