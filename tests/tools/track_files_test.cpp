@@ -4,9 +4,13 @@
 #include "tools/files/png_file.h"
 #include "tools/track/track.h"
 
+#include <chrono>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <gtest/gtest.h>
+#include <thread>
 
 namespace tarvik {
 namespace {
@@ -123,6 +127,48 @@ TEST(TrackFiles, refuses_bad_inputs_and_keeps_the_earlier_map) {
     refused("track check empty.map", "it has 0 bytes, a map has 100000000");
     refused("track check", "TRACK is required");
     refused("", "subcommand is required");
+}
+
+bool comes_true(const std::function<bool()>& condition) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+    while (!condition() && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return condition();
+}
+
+TEST(TrackFiles, a_watched_drawing_has_its_map_made_again_whenever_it_is_saved) {
+    const TemporaryFolder folder;
+    const auto page = [](int column) { // with a road in one column
+        return drawing("width='100' height='100'",
+                       "<path stroke='#000' d='M " + std::to_string(column) + ".5,0 V 100'/>");
+    };
+    const std::string line = "a.svg is saved: press [ to race on it\n";
+    std::string said;
+    const auto shows = [&](int column) {
+        said += line;
+        return comes_true([&] { return read_file(folder / "said") == said; }) &&
+               is_road(read_file(folder / "a.map"), column * 100 + 50, 5000);
+    };
+    write_file(folder / "a.svg", page(1));
+    const std::string command = "cd '" + folder.path().string() + "'; exec '" +
+                                TARVIK_DATA_PROGRAM + "' track watch a.svg a.map 2>faults >said";
+    std::FILE* watch = popen(command.c_str(), "w");
+    ASSERT_NE(watch, nullptr);
+    EXPECT_TRUE(shows(1)); // drawn since the map was made
+    write_file(folder / "a.svg", page(2));
+    EXPECT_TRUE(shows(2));
+    write_file(folder / "b.svg", page(3));
+    std::filesystem::rename(folder / "b.svg", folder / "a.svg");
+    EXPECT_TRUE(shows(3));
+    std::filesystem::rename(folder / "a.svg", folder / "a.svg~"); // as editors keep the old one
+    write_file(folder / "a.svg", page(4));
+    EXPECT_TRUE(shows(4));
+    write_file(folder / "a.svg", page(5).substr(0, 80));
+    EXPECT_TRUE(comes_true([&] { return !read_file(folder / "faults").empty(); }));
+    EXPECT_TRUE(is_road(read_file(folder / "a.map"), 450, 5000));
+    EXPECT_EQ(pclose(watch), 0);
+    EXPECT_EQ(read_file(folder / "said"), said);
 }
 
 } // namespace

@@ -25,7 +25,7 @@ constexpr const char* EXAMPLES =
     "  ./play --demo --headless                        # six laps without a display\n"
     "  ./play --demo --headless --race 2 --difficulty 1 --laps 3 --seed 7\n"
     "  ./play --demo --headless --report               # what the fastest lap was like\n"
-    "  ./play --demo --headless --pictures /tmp/drive  # PNG pictures of the drive\n"
+    "  ./play --demo --headless --pictures build/drive # PNG pictures of the drive\n"
     "\n"
     "Exit code: 0 when the laps are completed or the window is closed, 1 when not.";
 
