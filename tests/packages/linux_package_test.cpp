@@ -1,4 +1,5 @@
-// The archive for Linux and the package for Debian, from unpacking to driving.
+// The archive for Linux and the package for Debian, from unpacking to driving. The archive for the
+// web is the page that tests/web plays; only its licences are looked at here.
 #include "tests/packages/package_fixture.h"
 
 #include <fstream>
@@ -95,6 +96,13 @@ TEST_F(LinuxPackage, InstalledItPlaysWithACopyOfTheData) {
     EXPECT_TRUE(fs::exists(share / "man/man6/tarvik.6.gz"));
     expect_parts(output_of({"dpkg-deb", "--info", TARVIK_PACKAGES "/" TARVIK_DEBIAN_PACKAGE}),
                  {"libsdl2-2.0-0", "libc6", "libx11-6"});
+}
+
+TEST(WebPackage, CarriesLicences) {
+    const std::string archive = TARVIK_PACKAGES "/tarvik-" TARVIK_VERSION "-web.zip";
+    expect_parts(output_of({"unzip", "-p", archive, "*/THIRD-PARTY.txt"}),
+                 {"system/lib/libc/musl/*", "system/lib/libcxx/*", "License: NCSA~LLVM"});
+    expect_parts(output_of({"unzip", "-p", archive, "*/LICENSE.txt"}), {"the Tarvik authors"});
 }
 
 } // namespace tarvik

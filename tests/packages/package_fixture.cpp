@@ -41,7 +41,7 @@ std::string output_of(const std::vector<std::string>& command) {
     ChildProcess process(command, {.output = folder / "output", .errors = folder / "errors"});
     EXPECT_EQ(process.wait(std::chrono::minutes(2)), 0) << command.front();
     std::ifstream file(folder / "output");
-    const std::string output{std::istreambuf_iterator<char>(file), {}};
+    std::string output{std::istreambuf_iterator<char>(file), {}};
     std::filesystem::remove_all(folder);
     return output;
 }
