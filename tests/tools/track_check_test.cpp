@@ -89,7 +89,7 @@ TEST(TrackCheck, finds_where_the_road_is_too_narrow) {
 TEST(TrackCheck, finds_a_gate_that_can_be_missed) {
     SmallTrack left; // one column is enough
     left.road(2387, 2392, 2387, 2407);
-    expect_fault(left, "gate can be missed", {2391, 2392}, {2391, 2408});
+    expect_fault(left, "gate can be missed", {2387, 2392}, {2387, 2408});
     SmallTrack right;
     right.road(2400, 2380, 2440, 2420);
     expect_fault(right, "gate can be missed", {2408, 2392}, {2440, 2408});
@@ -117,17 +117,17 @@ TEST(TrackCheck, finds_second_ways) {
     SmallTrack bar;
     bar.road(2000, 2200, 2019, 2549);
     expect_fault(bar, "divides", {1980, 2150}, {2039, 2600});
+    SmallTrack hairline; // enough for two corners of a car
+    hairline.road(2000, 2200, 2000, 2549);
+    expect_fault(hairline, "divides", {1980, 2150}, {2039, 2600});
     SmallTrack around_the_gate;
-    around_the_gate.road(2450, 2150, 2600, 2199);
-    around_the_gate.road(2550, 2150, 2600, 2649);
-    around_the_gate.road(2450, 2600, 2600, 2649);
-    expect_fault(around_the_gate, "gate can be missed", {2550, 2400}, {2600, 2400});
+    around_the_gate.road(2450, 2150, 2550, 2199);
+    around_the_gate.road(2500, 2150, 2550, 2600);
+    around_the_gate.road(2450, 2560, 2550, 2600);
+    expect_fault(around_the_gate, "gate can be missed", {2500, 2400}, {2550, 2400});
 }
 
 TEST(TrackCheck, finds_shortcuts_for_a_car_with_two_corners_on_the_road) {
-    SmallTrack narrow_bridge;
-    narrow_bridge.road(2000, 2200, 2002, 2549);
-    expect_fault(narrow_bridge, "two corners", {1980, 2150}, {2039, 2600});
     SmallTrack thin_strip; // 10 cells of grass between two arms
     thin_strip.road(1950, 2200, 2049, 2539);
     expect_fault(thin_strip, "two corners", {1940, 2150}, {2060, 2600});
@@ -149,6 +149,25 @@ TEST(TrackCheck, finds_decoration_that_shortens_a_lap) {
     past_the_gate.road(2360, 2370, 2385, 2430);
     const TrackReport report = check_track(past_the_gate.view());
     EXPECT_FALSE(report.can_be_raced());
+}
+
+TEST(TrackCheck, notes_what_is_beside_the_road) {
+    SmallTrack dead_end;
+    dead_end.road(1950, 2200, 2049, 2399);
+    const TrackReport stub = check_track(dead_end.view());
+    EXPECT_TRUE(stub.can_be_raced()) << all_faults(stub);
+    EXPECT_NE(stub.facts.back().text.find("dead end"), std::string::npos);
+    EXPECT_NEAR(stub.facts.back().cell.y, 2399, 2);
+    SmallTrack two_lines; // around grass in a wide part
+    two_lines.road(1800, 2000, 2200, 2199);
+    two_lines.grass(1900, 2090, 2100, 2110);
+    const TrackReport choice = check_track(two_lines.view());
+    EXPECT_TRUE(choice.can_be_raced()) << all_faults(choice);
+    SmallTrack close;
+    close.road(1664, 2300, 1671, 2307);
+    EXPECT_TRUE(check_track(close.view()).warnings.empty());
+    close.road(1663, 2300, 1663, 2300);
+    ASSERT_EQ(check_track(close.view()).warnings.size(), 1U);
 }
 
 TEST(TrackCheck, leaves_harmless_decoration_alone) {

@@ -2,7 +2,7 @@
 #include "tools/track/centre_line.h"
 
 #include "tools/track/clearance.h"
-#include "tools/track/path_search.h"
+#include "tools/track/ways.h"
 
 #include <algorithm>
 #include <cmath>
@@ -26,34 +26,6 @@ const Point& around(const Line& line, std::size_t i, int offset) {
     const auto size = static_cast<std::ptrdiff_t>(line.size());
     const std::ptrdiff_t place = (static_cast<std::ptrdiff_t>(i) + offset % size + size) % size;
     return line[static_cast<std::size_t>(place)];
-}
-
-// Costs grow steeply towards the grass, so that the path keeps to the middle of the road.
-std::uint32_t cost_at(std::uint16_t squared_clearance) {
-    return squared_clearance == 0 ? 0 : std::min(LARGEST_COST, 3 + 30000U / squared_clearance);
-}
-
-Line rough_line(TrackView track, const std::vector<std::uint16_t>& clearance) {
-    const GateRow gate = gate_row(track);
-    const Cell above{BOX_CENTRE_X, BOX_CENTRE_Y - 1};
-    const Cell start{START_CELL_X, START_CELL_Y};
-    if (!track.is_road(above.x, above.y) || !track.is_road(start.x, start.y)) {
-        return {};
-    }
-    const PathSearch search =
-        search_paths(track.side, above, start, Moves::KING, [&](int x, int y) -> std::uint32_t {
-            return gate.contains(x, y) ? 0 : cost_at(clearance[track.index(x, y)]);
-        });
-    Line line;
-    for (const Cell& cell : search.path_to(start)) {
-        line.push_back({cell.x + 0.5, cell.y + 0.5});
-    }
-    if (!line.empty()) {
-        for (int y = START_CELL_Y - 1; y >= BOX_CENTRE_Y; --y) {
-            line.push_back({START_CELL_X + 0.5, y + 0.5});
-        }
-    }
-    return line;
 }
 
 // The same closed line with points at even distances of about CENTRE_SPACING.
@@ -135,12 +107,16 @@ void begin_in_box(Line& line) {
 
 std::vector<CentrePoint> centre_line(TrackView track) {
     const std::vector<std::uint16_t> clearance = squared_clearance(track);
-    Line line = rough_line(track, clearance);
-    if (line.empty()) {
+    const Round round = once_around(track, clearance);
+    if (!track.is_road(START.x, START.y) || !round.is_closed) {
         return {};
     }
+    Line line;
+    for (const Cell& cell : round.way) {
+        line.push_back({cell.x + 0.5, cell.y + 0.5});
+    }
     line = respaced(line);
-    for (int round = 0; round < CENTRING_ROUNDS; ++round) {
+    for (int i = 0; i < CENTRING_ROUNDS; ++i) {
         centre(track, clearance, line);
         smooth(line);
         smooth(line);

@@ -52,15 +52,4 @@ struct TrackView {
     }
 };
 
-/// The stretch of road across the middle of the start/finish box.
-struct GateRow {
-    int first = 0; ///< columns of row BOX_CENTRE_Y, both included; first > last without a road
-    int last = -1;
-
-    [[nodiscard]] bool contains(int x, int y) const {
-        return y == BOX_CENTRE_Y && x >= first && x <= last;
-    }
-};
-GateRow gate_row(TrackView track);
-
 } // namespace tarvik

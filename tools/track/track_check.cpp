@@ -1,290 +1,285 @@
-// Whether a map can be raced. Two kinds of room are looked at: what a car needs (a disc that keeps
-// off the grass all the way) must be there; what a car might get away with (its corners on the road
-// at the end of each frame, leaps in between) must not lead past the gate or off the course.
+// Whether a map can be raced: whether the road, with the box closed, leads once around and is wide
+// enough for a car; whether it encloses anything that a car could pass on either side; and whether
+// it is still the shortest way when all that is grey is grown to where two corners of a car on it
+// let the car be.
 #include "tools/track/track_check.h"
 
-#include "tools/track/car_room.h"
 #include "tools/track/clearance.h"
-#include "tools/track/path_search.h"
-#include "tools/track/regions.h"
 #include "tools/track/ways.h"
-#include "tools/track/widest_path.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdint>
-#include <numbers>
+#include <string>
 
 namespace tarvik {
 namespace {
 
-constexpr Cell ABOVE_GATE = {BOX_CENTRE_X, BOX_CENTRE_Y - 1};
-constexpr Cell START = {START_CELL_X, START_CELL_Y};
-
-// Half the narrowest road, cells. Near the gate the road may be as narrow as the box itself.
-constexpr int LEAST_CLEARANCE_AT_GATE = 8;
-constexpr int LEAST_CLEARANCE = 12;
-constexpr int PLEASANT_CLEARANCE = 40;
+// The narrowest road, cells. Near the gate it may be as narrow as the box itself.
+constexpr int LEAST_WIDTH_AT_GATE = 16;
+constexpr int LEAST_WIDTH = 24;
+constexpr int PLEASANT_WIDTH = 80;
 constexpr int GATE_ZONE = 600; // cells from the box in which the road may be a funnel
 
-// The corners of a car that goes straight up are this far left and right of it and this far behind.
+// A car that goes straight up has its corners less than this far to each side and behind.
 constexpr int CAR_SIDE = 5;
+// The road may be so much wider than the box, on either side, before a car can miss the box.
+constexpr int GATE_MARGIN = 4;
 
-// A car with two corners on the road beside the gate is at most this far from it: the corner that
-// is farthest from its position, and the room for a leap.
-constexpr int BESIDE_GATE = 12;
+// On Advanced a car with two corners on the road is never put back: half a car's width off the
+// road, and half a frame's drive more since it is only tested where it is at the end of a frame.
+constexpr int REACH = 6;
 
-// Decoration that saves less than this, about a third of a second, is no shortcut.
-constexpr double LARGEST_SAVING = 60;
+// Ways around grass that differ by less, a second at top speed, are two lines to choose from.
+constexpr double ANOTHER_LINE = 200;
 
-std::string whole(double number) {
-    return std::to_string(std::lround(number));
-}
+constexpr int SCENERY_DISTANCE = 14; // cells of grass between the road and all else
+constexpr double DEAD_END = 80;      // cells; what sticks out less is only a wide place
 
-std::string place(Cell cell) {
-    std::string text = "(";
-    text.append(std::to_string(cell.x)).append(", ").append(std::to_string(cell.y)).append(")");
-    return text;
-}
-
-// The road's width across a cell: the shortest of the lines through it.
-int width_at(TrackView track, Cell cell) {
-    constexpr int DIRECTIONS = 32;
-    constexpr double STEP = 0.25;
-    double narrowest = 2.0 * LARGEST_CLEARANCE;
-    for (int i = 0; i < DIRECTIONS; ++i) {
-        double length = 0;
-        for (const int sense : {1, -1}) {
-            const double angle = i * std::numbers::pi / DIRECTIONS;
-            const double dx = sense * std::cos(angle);
-            const double dy = sense * std::sin(angle);
-            double distance = 0;
-            while (distance < LARGEST_CLEARANCE &&
-                   track.is_road(static_cast<int>(std::floor(cell.x + 0.5 + distance * dx)),
-                                 static_cast<int>(std::floor(cell.y + 0.5 + distance * dy)))) {
-                distance += STEP;
-            }
-            length += distance;
-        }
-        narrowest = std::min(narrowest, length);
-    }
-    return static_cast<int>(std::lround(narrowest));
-}
-
-// The first grass cell of a rectangle, if there is one.
-bool find_grass(TrackView track, Rectangle area, Cell& found) {
-    for (int y = area.top; y <= area.bottom; ++y) {
-        for (int x = area.left; x <= area.right; ++x) {
-            if (!track.is_road(x, y)) {
-                found = {x, y};
-                return true;
-            }
-        }
-    }
-    return false;
-}
+struct Rectangle { // all edges included
+    int left;
+    int top;
+    int right;
+    int bottom;
+};
+// The box and the widest road through it.
+constexpr Rectangle BOX = {BOX_LEFT, BOX_TOP, BOX_RIGHT, BOX_BOTTOM};
+constexpr Rectangle GATE = {BOX.left - GATE_MARGIN, BOX.top, BOX.right + GATE_MARGIN, BOX.bottom};
+// What is closed for a car that need not stay on the road: no more than its own road lets it reach.
+constexpr Rectangle GATE_AND_REACH = {GATE.left - REACH - 2, GATE.top, GATE.right + REACH + 2,
+                                      GATE.bottom};
 
 class Check {
   public:
-    explicit Check(TrackView track) : track_(track), gate_(gate_row(track)) {}
+    Check(TrackView track, const Units& units) : track_(track), units_(units) {}
 
     TrackReport run() {
         check_start();
         if (report_.can_be_raced()) {
-            clearance_ = squared_clearance(track_);
-            check_loop();
-            clearance_ = {};
-            check_gate();
-        }
-        if (report_.can_be_raced()) {
-            check_shortcuts();
+            const Clearance clearance = squared_clearance(track_);
+            const Round round = once_around(track_, clearance);
+            report_.has_loop = round.is_closed;
+            if (!round.is_closed) {
+                fault(round.end, "the road ends here: from above the start/finish box no road "
+                                 "leads back to the start; join it to the next stretch");
+            }
+            const Cells course = check_ways(clearance, round.is_closed);
+            if (report_.can_be_raced()) {
+                check_width(clearance, round.way);
+                check_shortcuts(clearance, course);
+            }
+            if (report_.can_be_raced()) {
+                look_beside_road(clearance, round.way, course);
+            }
         }
         return std::move(report_);
     }
 
   private:
-    void fault(Cell cell, std::string text) {
-        report_.faults.push_back({cell, std::move(text)});
+    [[nodiscard]] std::string length(double cells) const {
+        return units_.length(std::round(cells));
+    }
+    [[nodiscard]] std::string corners(Rectangle area) const {
+        return units_.place(area.left, area.top) + " to " +
+               units_.place(area.right + 1, area.bottom + 1);
+    }
+    void fault(Cell cell, const std::string& text) {
+        report_.faults.push_back({cell, text});
+    }
+    void warning(Cell cell, const std::string& text) {
+        report_.warnings.push_back({cell, text});
+    }
+    void note(Cell cell, const std::string& text) {
+        report_.facts.push_back({cell, text});
+    }
+
+    bool wants_road(Rectangle area, const std::string& text) {
+        for (int y = area.top; y <= area.bottom; ++y) {
+            for (int x = area.left; x <= area.right; ++x) {
+                if (!track_.is_road(x, y)) {
+                    fault({x, y}, text);
+                    return false;
+                }
+            }
+        }
+        return true;
     }
 
     void check_start() {
-        Cell grass;
-        const Rectangle box{BOX_LEFT, BOX_TOP, BOX_RIGHT, BOX_BOTTOM};
-        if (find_grass(track_, box, grass)) {
-            fault(grass, "the start/finish box (columns and rows 2392 to 2407) is not all road");
-        }
-        const Rectangle car{START_CELL_X - CAR_SIDE, START_CELL_Y - CAR_SIDE,
-                            START_CELL_X + CAR_SIDE - 1, START_CELL_Y + CAR_SIDE - 1};
-        const Rectangle lane{car.left, BOX_BOTTOM + 1, car.right, car.top - 1};
-        if (find_grass(track_, car, grass)) {
-            fault(grass, "the car does not start on the road: its start at (2400, 2480) needs "
-                         "columns 2395 to 2404 and rows 2475 to 2484");
-        } else if (find_grass(track_, lane, grass)) {
-            fault(grass, "the way straight up from the start to the box is not all road");
+        wants_road(BOX, "the start/finish box, " + corners(BOX) + ", is not all road");
+        const Rectangle car{START.x - CAR_SIDE, START.y - CAR_SIDE, START.x + CAR_SIDE - 1,
+                            START.y + CAR_SIDE - 1};
+        const Rectangle lane{car.left, BOX.bottom + 1, car.right, car.top - 1};
+        if (wants_road(car, "the car does not start on the road: its start at " +
+                                units_.place(START.x, START.y) + " needs road from " +
+                                corners(car))) {
+            wants_road(lane, "the way straight up from the start to the box is not all road");
         }
     }
 
-    [[nodiscard]] WidestPath widest(bool without_gate_zone) const {
-        return widest_path(track_.side, ABOVE_GATE, START, [&](int x, int y) -> std::uint16_t {
-            if (gate_.contains(x, y)) {
-                return 0;
+    bool is_wide_enough(Width width, int least, const char* where) {
+        if (width.cells < least) {
+            fault(width.cell, "the road is too narrow: " + length(width.cells) + " wide, " + where +
+                                  " it must be " + length(least));
+        }
+        return width.cells >= least;
+    }
+
+    void check_width(const Clearance& clearance, const std::vector<Cell>& lap) {
+        const Width anywhere = narrowest(track_, clearance, lap, 0);
+        const Width beyond = narrowest(track_, clearance, lap, GATE_ZONE);
+        if (!is_wide_enough(anywhere, LEAST_WIDTH_AT_GATE, "even at the gate") ||
+            !is_wide_enough(beyond, LEAST_WIDTH, "away from the gate")) {
+            return;
+        }
+        if (beyond.cells < PLEASANT_WIDTH) {
+            warning(beyond.cell, "the road is only " + length(beyond.cells) + " wide; " +
+                                     length(PLEASANT_WIDTH) + " to " + length(2 * PLEASANT_WIDTH) +
+                                     " are a pleasure to drive");
+        }
+        note(anywhere.cell, "the road is narrowest here: " + length(anywhere.cells));
+        if (beyond.cells < 2 * LARGEST_CLEARANCE) {
+            note(beyond.cell, "away from the gate it is narrowest here: " + length(beyond.cells));
+        }
+        note(START, "a lap is about " + length(length_of(lap)) + " long, " +
+                        std::to_string(std::lround(length_of(lap) / TOP_SPEED)) +
+                        " frames at top speed");
+    }
+
+    void fill(Cells& road, Rectangle area, std::uint8_t cell) const {
+        for (int y = area.top; y <= area.bottom; ++y) {
+            const auto row = road.begin() + static_cast<std::ptrdiff_t>(track_.index(0, y));
+            std::fill(row + area.left, row + area.right + 1, cell);
+        }
+    }
+
+    void gate_fault(const std::vector<Cell>& way) {
+        const auto beside = std::ranges::find_if(way, [](Cell c) { return c.y >= BOX_CENTRE_Y; });
+        fault(*beside, "the gate can be missed: a car can pass the start/finish box here; the road "
+                       "through the box may reach from x " +
+                           units_.across(GATE.left) + " to " + units_.across(GATE.right + 1) +
+                           ", and no other road may lead past it");
+    }
+
+    // Whether a lap has only one way on this road, on which these cells can be reached.
+    bool has_one_way(TrackView road, const Clearance& clearance, const std::vector<Cell>& cells,
+                     const char* what) {
+        for (const TwoWays& ways : second_ways(road, clearance, cells)) {
+            if (ways.shorter_length < SHORTEST_LAP) {
+                if (ways.longer_length >= SHORTEST_LAP) {
+                    gate_fault(ways.shorter);
+                    return false;
+                }
+            } else if (!ways.apart.empty()) {
+                const double saving = ways.longer_length - ways.shorter_length;
+                if (saving >= ANOTHER_LINE) {
+                    const Cell middle = ways.apart[ways.apart.size() / 2];
+                    fault(ways.apart.front(),
+                          what + (": one way back to the start leads by " +
+                                  units_.place(middle.x, middle.y) + " and is " + length(saving) +
+                                  " shorter than the other"));
+                    return false;
+                }
+                note(ways.apart.front(), "the road divides here; both ways are about as long");
             }
-            const std::uint16_t clearance = clearance_[track_.index(x, y)];
-            const bool in_zone =
-                std::hypot(x - BOX_CENTRE_X, y - BOX_CENTRE_Y) < GATE_ZONE && without_gate_zone;
-            return clearance > 0 && in_zone ? std::uint16_t{UINT16_MAX} : clearance;
-        });
+        }
+        return true;
     }
 
-    void narrow_fault(Cell cell, int least_clearance, const char* where) {
-        fault(cell, "the road is too narrow: " + std::to_string(width_at(track_, cell)) +
-                        " cells wide, " + where + " it must be " +
-                        std::to_string(2 * least_clearance));
+    // Returns the track without what a car cannot reach on the road.
+    Cells check_ways(const Clearance& clearance, bool is_closed) {
+        Cells road(track_.cells, track_.cells + track_.index(0, track_.side));
+        fill(road, GATE, CELL_GRASS);
+        const TrackView view{road.data(), track_.side};
+        const Search search = shortest_ways(view);
+        const bool has_lap = search.key(START).has_value();
+        const double lap = has_lap ? length_of(search.way_to(START)) : SHORTEST_LAP;
+        if (has_one_way(view, clearance, search.reached(), "the road divides here") &&
+            lap < SHORTEST_LAP) {
+            if (!is_closed) {
+                gate_fault(search.way_to(START));
+            } else {
+                fault(START, "the loop is too short: " + length(lap) +
+                                 ", and a lap only counts after " + std::to_string(MIN_LAP_FRAMES) +
+                                 " frames, in which a car drives up to " + length(SHORTEST_LAP));
+            }
+        }
+        std::ranges::fill(road, CELL_GRASS);
+        for (const Cell cell : search.reached()) {
+            road[track_.index(cell.x, cell.y)] = CELL_ROAD;
+        }
+        fill(road, GATE, CELL_ROAD);
+        return road;
     }
 
-    void check_loop() {
-        const WidestPath path = widest(false);
-        if (!path.found) {
-            const PathSearch search = search_paths(
-                track_.side, ABOVE_GATE, {}, Moves::KING, [&](int x, int y) -> std::uint32_t {
-                    return track_.is_road(x, y) && !gate_.contains(x, y) ? 1 : 0;
-                });
-            fault(search.farthest(), "the road ends here: from above the start/finish box no road "
-                                     "leads back to the start");
+    void check_shortcuts(const Clearance& clearance, const Cells& course) {
+        Cells near = grown({course.data(), track_.side}, REACH);
+        fill(near, GATE_AND_REACH, CELL_GRASS);
+        const TrackView on_course{near.data(), track_.side};
+        const Search lap = shortest_ways(on_course);
+        if (!has_one_way(on_course, clearance, lap.reached(),
+                         "a shortcut with only two corners on the road begins here")) {
             return;
         }
-        report_.has_loop = true;
-        if (path.squared_clearance < LEAST_CLEARANCE_AT_GATE * LEAST_CLEARANCE_AT_GATE) {
-            narrow_fault(path.narrowest, LEAST_CLEARANCE_AT_GATE, "even at the gate");
+        Cells all = grown(track_, REACH);
+        fill(all, GATE_AND_REACH, CELL_GRASS);
+        const Search shortest = shortest_ways({all.data(), track_.side});
+        if (!lap.key(START) || !shortest.key(START)) {
             return;
         }
-        check_width_beyond_gate(path);
-        measure_lap();
-    }
-
-    void check_width_beyond_gate(const WidestPath& narrowest) {
-        const WidestPath beyond = widest(true);
-        if (beyond.squared_clearance < LEAST_CLEARANCE * LEAST_CLEARANCE) {
-            narrow_fault(beyond.narrowest, LEAST_CLEARANCE, "away from the gate");
-            return;
-        }
-        if (beyond.squared_clearance < PLEASANT_CLEARANCE * PLEASANT_CLEARANCE) {
-            report_.warnings.push_back(
-                {beyond.narrowest, "the road is only " +
-                                       std::to_string(width_at(track_, beyond.narrowest)) +
-                                       " cells wide; 80 to 160 are a pleasure to drive"});
-        }
-        report_.facts.push_back(
-            {narrowest.narrowest, "the road is narrowest here: " +
-                                      std::to_string(width_at(track_, narrowest.narrowest)) +
-                                      " cells"});
-        if (beyond.squared_clearance < UINT16_MAX) {
-            report_.facts.push_back(
-                {beyond.narrowest, "away from the gate it is narrowest here: " +
-                                       std::to_string(width_at(track_, beyond.narrowest)) +
-                                       " cells"});
-        }
-    }
-
-    void measure_lap() {
-        const PathSearch search = search_paths(
-            track_.side, ABOVE_GATE, START, Moves::KING, [&](int x, int y) -> std::uint32_t {
-                const bool wide = clearance_[track_.index(x, y)] >=
-                                  LEAST_CLEARANCE_AT_GATE * LEAST_CLEARANCE_AT_GATE;
-                return wide && !gate_.contains(x, y) ? 1 : 0;
-            });
-        lap_length_ = static_cast<double>(search.cost_to(START)) / LENGTH_UNITS +
-                      (START_CELL_Y - BOX_CENTRE_Y);
-    }
-
-    void check_gate() {
-        const Rectangle box{BOX_LEFT, BOX_TOP, BOX_RIGHT, BOX_BOTTOM};
-        corners_ = corners_on_road(track_);
-        const CellMask space = car_space(corners_, track_.side, CAR_CORNERS, box);
-        const Way shortest = shortest_way(space, track_.side);
-        const auto ways = two_ways(space, track_.side);
-        const bool has_lap = ways ? ways->longer_length >= SHORTEST_LAP : lap_length_ == 0;
-        if (!shortest.cells.empty() && shortest.length < SHORTEST_LAP && has_lap) {
-            const auto beside = std::find_if(shortest.cells.begin(), shortest.cells.end(),
-                                             [](Cell cell) { return cell.y >= BOX_CENTRE_Y; });
-            // The room for leaps reaches into the box; what the user must see is the road beside
-            // it.
-            fault({beside->x < BOX_CENTRE_X ? std::min(beside->x, BOX_LEFT - 1)
-                                            : std::max(beside->x, BOX_RIGHT + 1),
-                   beside->y},
-                  "the gate can be missed: a car with all its corners on the road can "
-                  "pass the start/finish box here; the road through the box (columns "
-                  "2392 to 2407) may be 24 cells wide, columns 2388 to 2411");
-        } else if (lap_length_ > 0 && lap_length_ < SHORTEST_LAP) {
-            fault(START, "the loop is too short: " + whole(lap_length_) +
-                             " cells, and a lap only counts after 300 frames, in which a car "
-                             "drives up to " +
-                             whole(SHORTEST_LAP));
-        } else if (ways) {
-            parting_fault(*ways, "the road divides here");
-        }
-        if (lap_length_ > 0) {
-            report_.facts.push_back({START, "a lap is about " + whole(lap_length_) +
-                                                " cells long, " + whole(lap_length_ / TOP_SPEED) +
-                                                " frames at top speed"});
-        }
-    }
-
-    void parting_fault(const TwoWays& ways, const char* what) {
-        fault(ways.parting, std::string(what) + ": one way back to the start leads by " +
-                                place(ways.middle) + " and is " +
-                                whole(ways.longer_length - ways.shorter_length) +
-                                " cells shorter than the other");
-    }
-
-    // On Advanced a car with two corners on the road is never put back.
-    void check_shortcuts() {
-        const Rectangle gate{gate_.first - BESIDE_GATE, BOX_TOP, gate_.last + BESIDE_GATE,
-                             BOX_BOTTOM};
-        const std::size_t cells =
-            static_cast<std::size_t>(track_.side) * static_cast<std::size_t>(track_.side);
-        CellMask road_only(cells);
-        std::transform(track_.cells, track_.cells + cells, road_only.begin(),
-                       [](std::uint8_t cell) { return cell == CELL_GRASS ? cell : CELL_ROAD; });
-        const Regions roads(road_only, track_.side, false, true);
-        roads.keep_only(roads.at(START), road_only, CELL_GRASS);
-        const CellMask road = car_space(corners_on_road({road_only.data(), track_.side}),
-                                        track_.side, CORNERS_THAT_SUFFICE, gate);
-        if (const auto ways = two_ways(road, track_.side)) {
-            parting_fault(*ways, "a shortcut with only two corners on the road begins here");
-            return;
-        }
-        road_only = {};
-        const CellMask all = car_space(corners_, track_.side, CORNERS_THAT_SUFFICE, gate);
-        const Way way_on_all = shortest_way(all, track_.side);
-        const double saving = shortest_way(road, track_.side).length - way_on_all.length;
+        const std::vector<Cell> way = shortest.way_to(START);
+        const double saving = length_of(lap.way_to(START)) - length_of(way);
         if (saving < LARGEST_SAVING) {
             return;
         }
         const auto leaves =
-            std::find_if(way_on_all.cells.begin(), way_on_all.cells.end(),
-                         [&](Cell cell) { return road[track_.index(cell.x, cell.y)] == 0; });
-        fault(*leaves, way_on_all.length < SHORTEST_LAP
+            std::ranges::find_if(way, [&](Cell c) { return !on_course.is_road(c.x, c.y); });
+        fault(*leaves, length_of(way) < SHORTEST_LAP
                            ? "decoration leads past the gate: from here a car can pass the "
                              "start/finish box with two corners on it"
-                           : "decoration shortens a lap by " + whole(saving) +
-                                 " cells: from here a car can cross the grass with two corners "
-                                 "on it");
+                           : "decoration shortens a lap by " + length(saving) +
+                                 ": from here a car can cross the grass with two corners on it");
+    }
+
+    void look_beside_road(const Clearance& clearance, const std::vector<Cell>& lap,
+                          const Cells& course) {
+        const TrackView road{course.data(), track_.side};
+        std::vector<KeyedCell> middle; // the keys fall as the road grows wider
+        for (const Cell cell : lap) {
+            const double half_width = std::sqrt(clearance[track_.index(cell.x, cell.y)]);
+            middle.push_back({cell, static_cast<std::uint32_t>(2 * LENGTH_UNITS *
+                                                               (LARGEST_CLEARANCE - half_width))});
+        }
+        const Search beside(track_.side, middle,
+                            [&](std::uint32_t from, Cell to, std::uint32_t steps) {
+                                return road.is_road(to.x, to.y) ? from + steps : NO_WAY;
+                            });
+        const Cell end = beside.reached().back();
+        const double sticks_out = *beside.key(end) * 1.0 / LENGTH_UNITS - 2 * LARGEST_CLEARANCE;
+        if (sticks_out > DEAD_END) {
+            note(end, "a dead end beside the road, about " + length(sticks_out) + " long");
+        }
+        const Cells near = grown(road, SCENERY_DISTANCE);
+        for (std::size_t i = 0; i < near.size(); ++i) {
+            if (near[i] == CELL_ROAD && course[i] == CELL_GRASS && track_.cells[i] != CELL_GRASS) {
+                const auto side = static_cast<std::size_t>(track_.side);
+                warning({static_cast<int>(i % side), static_cast<int>(i / side)},
+                        "decoration is close to the road here: leave " + length(SCENERY_DISTANCE) +
+                            " of grass between them");
+                break;
+            }
+        }
     }
 
     TrackView track_;
-    GateRow gate_;
-    std::vector<std::uint16_t> clearance_;
-    CellMask corners_;
-    double lap_length_ = 0; // 0 while no lap is known
+    const Units& units_;
     TrackReport report_;
 };
 
 } // namespace
 
-TrackReport check_track(TrackView track, const Units&) {
-    return Check(track).run();
+TrackReport check_track(TrackView track, const Units& units) {
+    return Check(track, units).run();
 }
 
 } // namespace tarvik

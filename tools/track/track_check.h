@@ -26,8 +26,9 @@ struct TrackReport {
     }
 };
 
-/// Looks at the start, the start/finish box, the loop and its width, the gate and shortcuts. Later
-/// questions are left open where an earlier fault leaves them without meaning.
+/// Looks at the start, the start/finish box, the loop and its width, the gate, shortcuts and what
+/// is beside the road. Later questions are left open where an earlier fault leaves them without
+/// meaning. The texts tell lengths and places in `units`, cells of findings stay cells.
 TrackReport check_track(TrackView track, const Units& units = {});
 
 } // namespace tarvik

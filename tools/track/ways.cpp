@@ -1,168 +1,205 @@
-// The ways a lap can take. With the box closed, a road that goes once around encloses nothing any
-// more; whatever is still enclosed can be passed on two sides.
+// The ways that a lap can take.
 #include "tools/track/ways.h"
 
-#include "tools/track/path_search.h"
+#include "tools/track/clearance.h"
 
 #include <algorithm>
 #include <cmath>
-#include <map>
-#include <numbers>
+#include <cstdint>
+#include <set>
 #include <utility>
 
 namespace tarvik {
 namespace {
 
-// Going round something smaller than this is no other way, only another line on the road.
-constexpr int SMALLEST_ISLAND = 100;
+// Enclosed grass is looked for in blocks, those without any road: grass that holds none is too thin
+// for the ways around it to differ.
+constexpr int BLOCK = 10;
+
 // Two ways closer to each other than this run side by side.
 constexpr int SIDE_BY_SIDE = 32;
 
-constexpr Cell ABOVE_BOX = {BOX_CENTRE_X, BOX_TOP - 1};
-constexpr Cell START = {START_CELL_X, START_CELL_Y};
-
-// Answers whether a cell is near a path, to within a neighbouring square of SIDE_BY_SIDE cells.
-class Nearby {
-  public:
-    explicit Nearby(const std::vector<Cell>& path) {
-        for (const Cell& cell : path) {
-            squares_[{cell.x / SIDE_BY_SIDE, cell.y / SIDE_BY_SIDE}] = true;
-        }
-    }
-    [[nodiscard]] bool contains(Cell cell) const {
-        for (const int dy : {-1, 0, 1}) {
-            for (const int dx : {-1, 0, 1}) {
-                if (squares_.contains({cell.x / SIDE_BY_SIDE + dx, cell.y / SIDE_BY_SIDE + dy})) {
-                    return true;
-                }
-            }
-        }
-        return false;
-    }
-
-  private:
-    std::map<std::pair<int, int>, bool> squares_;
-};
-
-CellCost one_unit_in(const CellMask& space, int side) {
-    return [&space, side](int x, int y) -> std::uint32_t {
-        return space[static_cast<std::size_t>(y) * static_cast<std::size_t>(side) +
-                     static_cast<std::size_t>(x)];
+/// A cell of each piece of enclosed grass that is larger than LARGEST_SAVING.
+std::vector<Cell> islands(int side, const std::vector<Cell>& road) {
+    const int across = (side + BLOCK - 1) / BLOCK + 2; // with a frame of grass around
+    std::vector<bool> seen(static_cast<std::size_t>(across) * static_cast<std::size_t>(across));
+    const auto index = [&](Cell block) {
+        return static_cast<std::size_t>(block.y * across + block.x);
     };
-}
-
-double cells_of(std::uint32_t cost) {
-    return static_cast<double>(cost) / LENGTH_UNITS;
-}
-
-// Whether the start is still reached when the space is cut across at a cell, along the shortest
-// line through it.
-bool other_way_remains(CellMask& space, int side, Cell cell) {
-    constexpr int DIRECTIONS = 32;
-    const auto index = [&](double x, double y) {
-        return static_cast<std::size_t>(y) * static_cast<std::size_t>(side) +
-               static_cast<std::size_t>(x);
-    };
-    std::vector<std::size_t> cut;
-    for (int i = 0; i < DIRECTIONS; ++i) {
-        std::vector<std::size_t> line;
-        for (const int sense : {1, -1}) {
-            const double dx = sense * std::cos(i * std::numbers::pi / DIRECTIONS);
-            const double dy = sense * std::sin(i * std::numbers::pi / DIRECTIONS);
-            double x = cell.x + 0.5;
-            double y = cell.y + 0.5;
-            for (; x >= 0 && y >= 0 && x < side && y < side && space[index(x, y)] != 0;
-                 x += dx / 4, y += dy / 4) {
-                line.push_back(index(x, y));
-                if (x + 1 < side) {
-                    line.push_back(index(x + 1, y)); // so that no diagonal move slips through
-                }
+    for (const Cell cell : road) {
+        seen[index({cell.x / BLOCK + 1, cell.y / BLOCK + 1})] = true;
+    }
+    std::vector<Cell> result;
+    for (int i = 0; i < across * across; ++i) { // the outside comes first
+        std::vector<Cell> piece;
+        const auto add = [&](Cell block) {
+            if (block.x >= 0 && block.y >= 0 && block.x < across && block.y < across &&
+                !seen[index(block)]) {
+                seen[index(block)] = true;
+                piece.push_back(block);
             }
+        };
+        add({i % across, i / across});
+        for (std::size_t next = 0; next < piece.size(); ++next) {
+            const auto [x, y] = piece[next];
+            add({x + 1, y});
+            add({x - 1, y});
+            add({x, y + 1});
+            add({x, y - 1});
         }
-        if (cut.empty() || line.size() < cut.size()) {
-            cut = std::move(line);
+        const auto extent = [&](int Cell::*coordinate) {
+            const auto [low, high] = std::ranges::minmax(piece, {}, coordinate);
+            return (high.*coordinate - low.*coordinate + 1) * BLOCK;
+        };
+        if (i > 0 && !piece.empty() &&
+            std::max(extent(&Cell::x), extent(&Cell::y)) >= LARGEST_SAVING) {
+            result.push_back({(piece[0].x - 1) * BLOCK, (piece[0].y - 1) * BLOCK});
         }
     }
-    std::vector<std::uint8_t> before(cut.size());
-    for (std::size_t i = 0; i < cut.size(); ++i) {
-        before[i] = space[cut[i]];
-    }
-    for (const std::size_t each : cut) {
-        space[each] = 0;
-    }
-    const PathSearch search =
-        search_paths(side, ABOVE_BOX, START, Moves::KING, one_unit_in(space, side));
-    const bool remains = search.cost_to(START) != PathSearch::UNREACHED;
-    for (std::size_t i = 0; i < cut.size(); ++i) {
-        space[cut[i]] = before[i];
-    }
-    return remains;
+    return result;
 }
 
-// Leaves `space` as it was.
-std::optional<TwoWays> ways_around(CellMask& space, int side, Cell island) {
-    const PathSearch search =
-        search_paths(side, ABOVE_BOX, {}, Moves::KING, one_unit_in(space, side), island);
-    const std::uint32_t one = search.cost_to(START, Side::ONE);
-    const std::uint32_t other = search.cost_to(START, Side::OTHER);
-    if (one == PathSearch::UNREACHED || other == PathSearch::UNREACHED) {
-        return {};
+// What of one way is not side by side with the other, from the first such cell to the last.
+std::vector<Cell> apart(const std::vector<Cell>& way, const std::vector<Cell>& other) {
+    std::set<std::pair<int, int>> near;
+    for (const Cell cell : other) {
+        for (const int neighbour : {0, 1, 2, 3, 4, 5, 6, 7, 8}) {
+            near.emplace(cell.x / SIDE_BY_SIDE + neighbour % 3 - 1,
+                         cell.y / SIDE_BY_SIDE + neighbour / 3 - 1);
+        }
     }
-    const Side shorter_side = one <= other ? Side::ONE : Side::OTHER;
-    const Side longer_side = one <= other ? Side::OTHER : Side::ONE;
-    TwoWays ways;
-    ways.shorter_length = cells_of(std::min(one, other));
-    ways.longer_length = cells_of(std::max(one, other));
-    const std::vector<Cell> shorter = search.path_to(START, shorter_side);
-    const Nearby longer(search.path_to(START, longer_side));
-    const auto apart = [&](Cell cell) { return !longer.contains(cell); };
-    const auto first = std::find_if(shorter.begin(), shorter.end(), apart);
-    const auto last = std::find_if(shorter.rbegin(), shorter.rend(), apart);
-    if (first != shorter.end()) {
-        ways.parting = *first;
-        ways.middle = *(first + (last.base() - first) / 2);
+    const auto is_apart = [&](Cell cell) {
+        return !near.contains({cell.x / SIDE_BY_SIDE, cell.y / SIDE_BY_SIDE});
+    };
+    const auto first = std::ranges::find_if(way, is_apart);
+    const auto last = std::find_if(way.rbegin(), way.rend(), is_apart).base();
+    return first == way.end() ? std::vector<Cell>() : std::vector<Cell>(first, last);
+}
+
+std::vector<KeyedCell> above_box(TrackView road) {
+    std::vector<KeyedCell> origins;
+    for (int x = BOX_LEFT; x <= BOX_RIGHT; ++x) {
+        if (road.is_road(x, BOX_TOP - 1)) {
+            origins.push_back({{x, BOX_TOP - 1}});
+        }
     }
-    // A ring beside the road, on a stalk, is on no way.
-    const bool is_choice = first != shorter.end() && other_way_remains(space, side, ways.middle);
-    if (is_choice || ways.shorter_length < SHORTEST_LAP) {
-        return ways;
-    }
-    return {};
+    return origins;
 }
 
 } // namespace
 
-std::optional<TwoWays> two_ways(const CellMask& space, int side) {
-    const Regions regions(space, side, true, true);
-    const int region = regions.at(START);
-    if (region < 0 || regions.at(ABOVE_BOX) != region) {
-        return {};
-    }
-    CellMask around = space;
-    regions.keep_only(region, around, 0);
-    const Regions islands(around, side, false, false);
-    for (const Region& island : islands.all()) {
-        const bool outside = island.left == 0 || island.top == 0 || island.right == side - 1 ||
-                             island.bottom == side - 1;
-        const int extent = std::max(island.right - island.left, island.bottom - island.top) + 1;
-        if (outside || extent < SMALLEST_ISLAND) {
-            continue;
-        }
-        if (const auto ways = ways_around(around, side, island.cell)) {
-            return ways;
-        }
-    }
-    return {};
+Search shortest_ways(TrackView road, std::optional<Cell> around) {
+    return {road.side, above_box(road),
+            [&](std::uint32_t from, Cell to, std::uint32_t length) {
+                return road.is_road(to.x, to.y) ? from + length : NO_WAY;
+            },
+            around};
 }
 
-Way shortest_way(const CellMask& space, int side) {
-    const PathSearch search =
-        search_paths(side, ABOVE_BOX, START, Moves::KING_AND_KNIGHT, one_unit_in(space, side));
-    Way way{search.path_to(START), 0};
-    if (!way.cells.empty()) {
-        way.length = cells_of(search.cost_to(START));
+Search middle_ways(TrackView road, const Clearance& clearance, std::optional<Cell> around) {
+    constexpr std::uint32_t DEAREST = 250; // keeps the keys of the longest ways small enough
+    return {road.side, above_box(road),
+            [&](std::uint32_t from, Cell to, std::uint32_t length) {
+                const std::uint32_t square = clearance[road.index(to.x, to.y)];
+                return road.is_road(to.x, to.y)
+                           ? from + length * std::min(DEAREST, 3 + 30000 / std::max(square, 1U))
+                           : NO_WAY;
+            },
+            around};
+}
+
+double length_of(const std::vector<Cell>& way) {
+    constexpr std::size_t STRIDE = 16; // single steps are too long in most directions
+    double length = 0;
+    for (std::size_t i = 0; i + 1 < way.size(); i += STRIDE) {
+        const Cell from = way[i];
+        const Cell to = way[std::min(i + STRIDE, way.size() - 1)];
+        length += std::hypot(to.x - from.x, to.y - from.y);
     }
-    return way;
+    return length;
+}
+
+Round once_around(TrackView track, const Clearance& clearance) {
+    Cells road(track.cells, track.cells + track.index(0, track.side));
+    for (const int step : {-1, 1}) { // the road across the middle of the box is closed
+        for (int x = BOX_CENTRE_X; track.is_road(x, BOX_CENTRE_Y); x += step) {
+            road[track.index(x, BOX_CENTRE_Y)] = CELL_GRASS;
+        }
+    }
+    const Search search = middle_ways({road.data(), track.side}, clearance);
+    if (!search.key(START)) {
+        return {false,
+                search.reached().empty() ? Cell{BOX_CENTRE_X, BOX_TOP} : search.reached().back(),
+                {}};
+    }
+    Round round{true, START, search.way_to(START)};
+    for (int y = START.y - 1; y >= BOX_TOP; --y) {
+        round.way.push_back({START.x, y});
+    }
+    return round;
+}
+
+Width narrowest(TrackView track, const Clearance& clearance, const std::vector<Cell>& way,
+                double distance) {
+    Cell place;
+    int least = LARGEST_CLEARANCE * LARGEST_CLEARANCE;
+    for (const Cell cell : way) {
+        int square = 0; // the way may be a cell or two beside the middle
+        for (int i = 0; i < 25; ++i) {
+            const Cell near{cell.x + i % 5 - 2, cell.y + i / 5 - 2};
+            if (track.contains(near.x, near.y)) {
+                square = std::max<int>(square, clearance[track.index(near.x, near.y)]);
+            }
+        }
+        if (square < least &&
+            std::hypot(cell.x - BOX_CENTRE_X, cell.y - BOX_CENTRE_Y) >= distance) {
+            place = cell;
+            least = square;
+        }
+    }
+    return {place, 2 * static_cast<int>(std::sqrt(least))};
+}
+
+std::vector<TwoWays> second_ways(TrackView road, const Clearance& clearance,
+                                 const std::vector<Cell>& cells) {
+    std::vector<TwoWays> result;
+    for (const Cell island : islands(road.side, cells)) {
+        const Search shortest = shortest_ways(road, island);
+        const auto one = shortest.key(START, Side::ONE);
+        const auto other = shortest.key(START, Side::OTHER);
+        if (one && other) {
+            const Side shorter = *one <= *other ? Side::ONE : Side::OTHER;
+            const Side longer = *one <= *other ? Side::OTHER : Side::ONE;
+            // Of shortest ways there are many; those in the middle of the road can be compared.
+            const Search middle = middle_ways(road, clearance, island);
+            const std::vector<Cell> way = middle.way_to(START, shorter);
+            result.push_back({way, std::min(*one, *other) * 1.0 / LENGTH_UNITS,
+                              std::max(*one, *other) * 1.0 / LENGTH_UNITS,
+                              apart(way, middle.way_to(START, longer))});
+        }
+    }
+    return result;
+}
+
+Cells grown(TrackView road, int radius) {
+    const std::size_t size = road.index(0, road.side);
+    std::vector<std::uint8_t> result(road.cells, road.cells + size);
+    for (int y = 0; y < road.side; ++y) {
+        for (int x = 0; x < road.side; ++x) {
+            const bool at_edge =
+                road.is_road(x, y) && !(road.is_road(x - 1, y) && road.is_road(x + 1, y) &&
+                                        road.is_road(x, y - 1) && road.is_road(x, y + 1));
+            for (int dy = -radius; at_edge && dy <= radius; ++dy) {
+                const int width = static_cast<int>(std::sqrt(radius * radius - dy * dy));
+                if (y + dy >= 0 && y + dy < road.side) {
+                    const auto row = result.begin() + (y + dy) * road.side;
+                    std::fill(row + std::max(x - width, 0),
+                              row + std::min(x + width + 1, road.side), CELL_ROAD);
+                }
+            }
+        }
+    }
+    return result;
 }
 
 } // namespace tarvik

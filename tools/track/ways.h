@@ -1,8 +1,8 @@
-// The ways a lap can take.
+// The ways that a lap can take.
 #pragma once
 
 #include "race/laps.h"
-#include "tools/track/regions.h"
+#include "tools/track/search.h"
 #include "tools/track/track.h"
 
 #include <optional>
@@ -15,24 +15,59 @@ inline constexpr double TOP_SPEED = 3.3034; ///< cells a frame, the most the hig
 /// A shorter way back to the start is no lap: so far a car can get before a lap counts.
 inline constexpr double SHORTEST_LAP = MIN_LAP_FRAMES * TOP_SPEED;
 
-/// Two ways from above the start/finish box back to the start, on both sides of something.
+/// What saves less than this, about a third of a second, is no shortcut.
+inline constexpr double LARGEST_SAVING = 60;
+
+/// Ways lead from the road just above the start/finish box around to here.
+inline constexpr Cell START = {START_CELL_X, START_CELL_Y};
+
+/// A byte for every cell of a track.
+using Cells = std::vector<std::uint8_t>;
+/// The square of a cell's distance to the grass, for every cell.
+using Clearance = std::vector<std::uint16_t>;
+
+/// The shortest ways on the road from above the box.
+Search shortest_ways(TrackView road, std::optional<Cell> around = {});
+
+/// Ways from above the box that keep to the middle of the road, as far as its clearance tells; road
+/// without any is to be avoided.
+Search middle_ways(TrackView road, const Clearance& clearance, std::optional<Cell> around = {});
+
+double length_of(const std::vector<Cell>& way); ///< cells
+
+/// Once around in the middle of the road, from the box up to the start and on to the box.
+struct Round {
+    bool is_closed = false;
+    Cell end; ///< where the road ends that is not closed
+    std::vector<Cell> way;
+};
+Round once_around(TrackView track, const Clearance& clearance);
+
+/// How wide the road is in a place, cells.
+struct Width {
+    Cell cell;
+    int cells;
+};
+/// The narrowest place on a way in the middle of the road that is at least `distance` cells from
+/// the box.
+Width narrowest(TrackView track, const Clearance& clearance, const std::vector<Cell>& way,
+                double distance);
+
+/// Two ways from above the box to the start, on both sides of something.
 struct TwoWays {
-    double shorter_length = 0; ///< cells
+    std::vector<Cell> shorter; ///< in the middle of the road
+    double shorter_length = 0; ///< of the shortest way on that side
     double longer_length = 0;
-    Cell parting; ///< where the shorter one leaves the longer one
-    Cell middle;  ///< half-way along what it has for itself
+    std::vector<Cell> apart; ///< what the shorter one has for itself; may be empty
 };
 
-/// Whether a car that stays in `space`, in which the box or more is closed, has to choose between
-/// two ways. Obstacles that change next to nothing about the way do not count. If the shorter way
-/// is no lap, the box can be passed by, and there may be nothing to say about `parting`.
-std::optional<TwoWays> two_ways(const CellMask& space, int side);
+/// For every piece of grass that these cells of road enclose and that is large enough to be worth a
+/// way round it, the ways on its two sides. With the box closed, a road that goes once around
+/// encloses nothing.
+std::vector<TwoWays> second_ways(TrackView road, const Clearance& clearance,
+                                 const std::vector<Cell>& cells);
 
-/// The shortest way in `space` from above the box back to the start; empty if there is none.
-struct Way {
-    std::vector<Cell> cells;
-    double length = 0; ///< cells
-};
-Way shortest_way(const CellMask& space, int side);
+/// The road and all that is within `radius` cells of it.
+Cells grown(TrackView road, int radius);
 
 } // namespace tarvik
