@@ -28,11 +28,13 @@ TEST_F(Ending, TheDisplayGoesAway) {
         ASSERT_TRUE(there.finds_game_with(MARKER_COLOUR, MARKER_AT_START.x, MARKER_AT_START.y));
     }
     doomed.reset();
+    expected_exit_code_ = 1;
     EXPECT_EQ(game_->wait(AT_ONCE), 1);
     EXPECT_EQ(read(folder_ / "errors"), "tarvik: the display has been taken away\n");
 }
 
 TEST_F(Ending, SomebodyTakesTheConnectionOrTheWindow) {
+    expected_exit_code_ = 1;
     start_race();
     XKillClient(player_.display(), player_.window());
     XSync(player_.display(), False);
@@ -99,6 +101,7 @@ TEST_F(Ending, ClosedStandardStreamsLeadNowhere) {
 }
 
 TEST_F(Ending, NobodyListensToStandardError) {
+    expected_exit_code_ = 1;
     int ends[2] = {};
     ASSERT_EQ(pipe(ends), 0);
     close(ends[0]);

@@ -3,6 +3,7 @@
 
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 
 namespace tarvik {
 
@@ -65,6 +66,12 @@ void PlayTest::SetUp() {
 }
 
 void PlayTest::TearDown() {
+    if (game_ && !game_->is_running()) {
+        EXPECT_EQ(game_->wait(), expected_exit_code_);
+    }
+    if (game_ && expected_exit_code_ == 0) {
+        EXPECT_EQ(read(folder_ / "errors"), "");
+    }
     game_.reset();
     std::error_code ignored;
     std::filesystem::remove_all(folder_, ignored);
@@ -72,8 +79,9 @@ void PlayTest::TearDown() {
 
 void PlayTest::start_race() {
     start_game(server_.display());
-    ASSERT_TRUE(player_.finds_game_with(MARKER_COLOUR, MARKER_AT_START.x, MARKER_AT_START.y))
-        << read(folder_ / "errors");
+    if (!player_.finds_game_with(MARKER_COLOUR, MARKER_AT_START.x, MARKER_AT_START.y)) {
+        throw std::runtime_error("the race does not start: " + read(folder_ / "errors"));
+    }
 }
 
 void PlayTest::start_game(const std::string& display, const Command& command,

@@ -37,10 +37,11 @@ void make_data(const std::filesystem::path& folder);
 class PlayTest : public testing::Test {
   protected:
     void SetUp() override;
+    /// A game that has ended by then has to have done so in order, without a word.
     void TearDown() override;
 
-    /// Starts the game and waits until the car stands at the start. The very first picture still
-    /// shows another part of the track.
+    /// Starts the game and waits until the car stands at the start, or throws. The very first
+    /// picture still shows another part of the track.
     void start_race();
 
     using Command = std::vector<std::string>;
@@ -56,6 +57,7 @@ class PlayTest : public testing::Test {
     Player player_{server_.display()};
     std::filesystem::path folder_;
     std::optional<ChildProcess> game_;
+    int expected_exit_code_ = 0; ///< other than 0: with words on standard error
 };
 
 } // namespace tarvik

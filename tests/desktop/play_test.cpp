@@ -1,6 +1,7 @@
 // What a player sees and does, from the window's place to the exit code.
 #include "tests/desktop/play_fixture.h"
 
+#include <algorithm>
 #include <csignal>
 #include <thread>
 
@@ -42,8 +43,16 @@ TEST_F(Play, TheWindowStandsBareInTheMiddleOfTheScreen) {
 TEST_F(Play, KeysChangeGearAndDriveAndTheCloseButtonEndsTheGame) {
     start_race();
     const Pixels neutral = player_.look_at(GEAR);
+    player_.watch_pictures();
     player_.tap(XK_a);
-    EXPECT_TRUE(player_.waits_until([&] { return player_.look_at(GEAR) != neutral; }));
+    auto longest_wait = 0ms;
+    for (int picture = 0; picture < 200 && player_.look_at(GEAR) == neutral; ++picture) {
+        const auto start = std::chrono::steady_clock::now();
+        player_.wait_for_picture();
+        longest_wait = std::max(longest_wait, std::chrono::duration_cast<std::chrono::milliseconds>(
+                                                  std::chrono::steady_clock::now() - start));
+    }
+    EXPECT_GE(longest_wait, 250ms) << "the pictures stop for a gear change";
     player_.press(XK_Up);
     EXPECT_TRUE(player_.waits_until([&] {
         return player_.look_at(MARKER_AT_START) != Pixels{MARKER_COLOUR};
@@ -53,7 +62,6 @@ TEST_F(Play, KeysChangeGearAndDriveAndTheCloseButtonEndsTheGame) {
     EXPECT_TRUE(player_.waits_until([&] { return player_.look_at(GEAR) == neutral; }));
     player_.ask_to_close();
     EXPECT_EQ(game_->wait(), 0);
-    EXPECT_EQ(read(folder_ / "errors"), "");
 }
 
 TEST_F(Play, AHeldKeyRepeats) {
@@ -115,7 +123,11 @@ TEST_F(Play, AltF4AndF10DoNothing) {
     const Pixels gear = player_.look_at(GEAR);
     const Pixels difficulty = player_.look_at(DIFFICULTY);
     player_.press(XK_Alt_L);
-    player_.tap(XK_F4);
+    player_.press(XK_F4);
+    player_.ask_to_close(); // as a window manager does at these keys
+    player_.watch_pictures();
+    ASSERT_TRUE(player_.waits_until([this] { return player_.count_pictures() > 5; }));
+    player_.release(XK_F4);
     player_.tap(XK_a);
     player_.release(XK_Alt_L);
     player_.tap(XK_F10);
@@ -161,6 +173,7 @@ TEST_F(Play, SignalsEndTheGameInOrderAlsoDuringAWait) {
 }
 
 TEST_F(Play, WithoutADisplayOneLineSaysSo) {
+    expected_exit_code_ = 1;
     for (const char* display : {"", ":98765"}) {
         start_game(display);
         EXPECT_EQ(game_->wait(), 1);

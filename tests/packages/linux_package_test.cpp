@@ -25,6 +25,7 @@ class LinuxPackage : public PackageTest {
     /// from one.
     void expect_refusal(const fs::path& script, const std::string& display,
                         const std::string& why) {
+        expected_exit_code_ = 1;
         start({script}, display);
         EXPECT_EQ(game_->wait(), 1);
         EXPECT_NE(errors().find(why), std::string::npos) << errors();
