@@ -208,7 +208,10 @@ class Check {
         for (const Cell cell : search.reached()) {
             road[track_.index(cell.x, cell.y)] = CELL_ROAD;
         }
-        fill(road, GATE, CELL_ROAD);
+        for (int y = GATE.top; y <= GATE.bottom; ++y) {
+            const std::size_t row = track_.index(GATE.left, y);
+            std::copy_n(track_.cells + row, GATE.right - GATE.left + 1, &road[row]);
+        }
         return road;
     }
 
