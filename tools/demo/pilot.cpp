@@ -34,8 +34,8 @@ constexpr double LINE_SPREAD = 5.0;
 constexpr double CRUISE_LOW = 3.25;
 constexpr double CRUISE_HIGH = 3.4;
 constexpr double CAUTIOUS_PART = 0.75;
-constexpr double SHARE_MEAN = 0.48;
-constexpr double SHARE_SPREAD = 0.03;
+constexpr double SHARE_MEAN = 0.455;
+constexpr double SHARE_SPREAD = 0.015;
 constexpr double EDGE_MARGIN = 16.0; // cells that the middle of the car keeps from the grass
 
 /// Speed at which a gear stops pulling.
