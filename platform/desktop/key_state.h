@@ -1,4 +1,4 @@
-// The keyboard at the moment of the call; GetAsyncKeyState adds the controllers to it.
+// Which keys are held right now; GetAsyncKeyState adds the controllers to it.
 #pragma once
 
 namespace tarvik {
