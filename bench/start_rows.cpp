@@ -89,7 +89,7 @@ int print_sample(const std::string& name) {
 }
 
 void add_start_rows() {
-    add_row("start to first picture", MILLISECONDS, 1.3, 15, start);
+    add_row("start to first frame", MILLISECONDS, 1.3, 15, start);
     add_row("memory at its peak", MEGABYTES, 400.0 / 340.0, 1, memory);
 }
 

@@ -54,10 +54,10 @@ void add_track_commands(CLI::App& app, Arguments& arguments) {
     build->callback([&] { build_track(arguments.input, arguments.output); });
 
     CLI::App* watch = track->add_subcommand(
-        "watch",
-        "Builds the map again and prints a line each time the drawing has been saved, until its "
-        "own input ends: Ctrl-D.\n\nExample: build/release/bin/tarvik-data track watch mine.svg "
-        "mine.map");
+        "watch", "Builds the map again and prints a line each time the drawing is saved, until "
+                 "standard input ends (Ctrl-D).\n\nExample: build/release/bin/tarvik-data track "
+                 "watch mine.svg "
+                 "mine.map");
     watch->add_option("DRAWING", arguments.input, "the SVG drawing or PNG picture")->required();
     watch->add_option("MAP", arguments.output, "the map to write")->required();
     watch->callback([&] { watch_drawing(arguments.input, arguments.output, std::cout); });
@@ -70,7 +70,7 @@ void add_track_commands(CLI::App& app, Arguments& arguments) {
     preview->add_option("PICTURE", arguments.output, "the PNG picture to write")->required();
     preview
         ->add_option("--size", arguments.size,
-                     "pixels to a side; with 10000, one a cell, import gives the same track back")
+                     "pixels to a side; at 10000, one per cell, build gives the same track back")
         ->check(CLI::Range(1, MAP_SIDE))
         ->capture_default_str();
     preview->callback([&] { preview_track(arguments.input, arguments.output, arguments.size); });

@@ -46,24 +46,24 @@ ParsedOptions parse_options(int argc, char** argv) {
         ->check(CLI::Range(1, 3))
         ->capture_default_str();
     app.add_option("--laps", options.laps,
-                   "Laps to complete (6 with --headless, else until you close the window)")
+                   "Laps to complete (6 with --headless, otherwise until you close the window)")
         ->check(CLI::Range(1, 1000));
     app.add_option("--seed", options.seed,
                    "Number that decides the drive; the same one gives the same drive again")
         ->check(CLI::Range(std::uint32_t{0}, std::numeric_limits<std::uint32_t>::max()));
     app.add_option("--from", options.from,
-                   "Folder that the data to drive on is in, as data/race1.map and so on; the "
-                   "program's own unless given")
+                   "Folder that holds the data to drive on, data/race1.map and so on; by "
+                   "default the program's own")
         ->check(CLI::ExistingDirectory);
     app.add_option("--style", options.style,
                    "best: as fast as the driver can; middle: likewise, but in the middle of the "
-                   "road; cautious: there with three quarters of the pace")
+                   "road; cautious: there too, at three quarters of the pace")
         ->transform(CLI::CheckedTransformer(
             std::map<std::string, Style>{
                 {"best", Style::BEST}, {"middle", Style::MIDDLE}, {"cautious", Style::CAUTIOUS}},
             CLI::ignore_case));
     app.add_flag("--report", options.report,
-                 "Tell of the fastest lap: time in each gear, braking and on the wheel, braking "
+                 "Describe the fastest lap: time in each gear, braking and steering, braking "
                  "zones, and the speed in each bend")
         ->needs(headless);
     CLI::Option* pictures =
@@ -71,7 +71,7 @@ ParsedOptions parse_options(int argc, char** argv) {
                        "Folder for PNG pictures of bends, the gate and the ghosts; made if missing")
             ->needs(headless);
     app.add_option("--every", options.every,
-                   "Instead of these, a picture of every so many frames of the last lap")
+                   "Instead of these, a picture every so many frames of the last lap")
         ->check(CLI::Range(1, 1000000))
         ->needs(pictures);
     try {
