@@ -1,4 +1,5 @@
-// The least that showing a picture on an X server can be: bytes into shared memory, and a request.
+// The least work that showing a frame on an X server can be: bytes into shared memory, and a
+// request.
 #pragma once
 
 #include <X11/Xlib.h>
@@ -8,7 +9,7 @@
 
 namespace tarvik::bench {
 
-/// A window of its own, in which a picture is shown that is already as the screen wants it.
+/// A window of its own that shows frames which are already in the screen's format.
 class BareShowing {
   public:
     BareShowing(Display* display, int width, int height);
@@ -16,7 +17,7 @@ class BareShowing {
     BareShowing& operator=(const BareShowing&) = delete;
     ~BareShowing();
 
-    /// Copies the picture, has it shown, and waits until the server has read it.
+    /// Copies the frame, has it shown, and waits until the server has read it.
     void show();
 
   private:

@@ -8,7 +8,7 @@ namespace tarvik::bench {
 
 /// One frame, all times in seconds.
 struct FrameTime {
-    double work;       ///< processor time of the game's thread, the picture's upload included
+    double work;       ///< processor time of the game's thread, the frame's upload included
     double interval;   ///< from the start of this frame to the start of the next one
     bool waited;       ///< a gear key held the game for 300 ms, as it should
     const char* event; ///< what else happened, or null

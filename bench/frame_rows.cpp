@@ -1,4 +1,4 @@
-// The rows about frames of a game that runs.
+// The rows about frames of a running game.
 #include "bench/frame_rows.h"
 
 #include "bench/allocations.h"

@@ -16,7 +16,7 @@
 
 namespace {
 
-/// The working directory is about to change; a file that is named stays where it was meant.
+/// The working directory is about to change, so the name of the output file is made absolute.
 std::vector<std::string> with_whole_paths(int argc, char** argv) {
     const std::string out = "--benchmark_out=";
     std::vector<std::string> arguments(argv, argv + argc);

@@ -18,15 +18,15 @@ double seconds_of(const std::function<void()>& work);
 
 double median(std::vector<double> values);
 
-/// Game and floor by turns, each giving the seconds of one go; then the medians into the row's
-/// columns. What disturbs the machine for a while disturbs both.
+/// Runs game and floor in turns, each returning the seconds of one go, and puts the medians into
+/// the row's columns. What disturbs the machine for a while disturbs both.
 void compare(benchmark::State& state, const std::function<double()>& game,
              const std::function<double()>& floor);
 
 /// Fills the row's columns; the ratio is game / floor.
 void fill_row(benchmark::State& state, double game, double floor);
 
-/// In what a row's columns are printed, and in how many of it a second, a byte or a piece is.
+/// The unit of a row's columns, and how many of it make a second, a byte or a piece.
 struct Unit {
     const char* name;
     double scale;

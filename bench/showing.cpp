@@ -33,7 +33,7 @@ double process_time() {
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
-/// Processor time of one picture, of as many as come in a second.
+/// Processor time of one frame, averaged over PICTURES of them.
 double time_of_picture(const std::function<void()>& show) {
     const double start = process_time();
     for (int i = 0; i < PICTURES; ++i) {

@@ -2,7 +2,7 @@
 #
 # Floating point is part of the game's behaviour: the same inputs give the same frames with every
 # compiler. So no contraction into fused multiply-adds, and never -ffast-math. And sin and cos are
-# called as they stand: merged into one sincos, as optimisers like to, a last bit can differ.
+# called one by one: merged into one sincos, as optimisers like to do, a last bit can differ.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -17,7 +17,7 @@ add_library(tarvik::options ALIAS tarvik_options)
 target_include_directories(tarvik_options INTERFACE ${CMAKE_SOURCE_DIR})
 
 if(MSVC)
-  # Warnings end no build here, for no build on Linux would have found them.
+  # Warnings are not errors here, since no build on Linux would have found them.
   target_compile_options(tarvik_options INTERFACE /W4 /fp:precise /utf-8 /D_CRT_SECURE_NO_WARNINGS)
 else()
   target_compile_options(

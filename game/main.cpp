@@ -19,7 +19,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int) {
     while (quit_requested == 0) {
         race_frame();
     }
-    clear_frame(); // the last picture is black
+    clear_frame(); // the last frame shown is black
     present_frame();
     shut_down();
     return 0;

@@ -3,7 +3,7 @@
 
 namespace tarvik {
 
-/// Window first, then the buffers, the pictures and the random seed, in their fixed order.
+/// Window first, then the buffers, the sprites and the random seed, in their fixed order.
 void start_up();
 
 /// Releases the buffers and then the window. The ghost laps stay until the process ends.

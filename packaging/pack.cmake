@@ -1,5 +1,5 @@
-# Run by CPack: packs the staged files with names in order, one time of change for all and nobody
-# as their owner, so that the same commit gives the same archive, byte for byte.
+# Run by CPack: packs the staged files with names in order, one modification time for all and no
+# owner, so that the same commit gives the same archive, byte for byte.
 cmake_minimum_required(VERSION 3.25)
 
 if(NOT DEFINED ENV{SOURCE_DATE_EPOCH})

@@ -9,7 +9,7 @@
 namespace tarvik {
 
 /// Has `hook` called at the start of every PeekMessageA, that is once a frame and before that
-/// frame's one message is taken from the queue. A null pointer ends it.
+/// frame's one message is taken from the queue. A null pointer removes it.
 void set_frame_hook(void (*hook)());
 
 /// Puts a message for the game's window at the end of the queue.

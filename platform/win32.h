@@ -1,14 +1,14 @@
-// The only door from the game to the system it runs on.
+// The game's only interface to the system it runs on.
 //
 // On Windows these are the system's own headers. Elsewhere this header declares, under their
-// Windows names, just the types, constants and calls that the game and what stands under it use.
-// Whoever links the game brings the definitions (platform/desktop for playing, platform/scripted
-// for tests). The two OpenGL calls, glClear and glDrawPixels, come from the system's <GL/gl.h>
-// everywhere.
+// Windows names, just the types, constants and calls that the game and the platform layers use. The
+// program that links the game brings the definitions (platform/desktop for playing,
+// platform/scripted for tests). The two OpenGL calls, glClear and glDrawPixels, come from the
+// system's <GL/gl.h> everywhere.
 //
-// Values, parameter types and field orders are those of the Windows SDK, so that the game's
-// sources are the same on every system. LONG, DWORD, UINT and BOOL are 32 bits wide and WPARAM,
-// LPARAM and LRESULT as wide as a pointer, also where `long` has 64 bits.
+// Values, parameter types and field orders are those of the Windows SDK, so that the game's sources
+// are the same on every system. LONG, DWORD, UINT and BOOL are 32 bits wide and WPARAM, LPARAM and
+// LRESULT as wide as a pointer, even where `long` has 64 bits.
 #pragma once
 
 #ifdef _WIN32

@@ -67,7 +67,7 @@ void steer() {
 void end_steering_run() {
     if (frames_since_steer[PLAYER_SLOT] >= STEER_RUN_GAP ||
         steer_count[PLAYER_SLOT] >= STEER_RUN_LIMIT) {
-        rand(); // nobody uses the number, but the draws after it depend on its being drawn
+        rand(); // unused, but later draws depend on it
         steer_count[PLAYER_SLOT] = 0;
     }
 }

@@ -5,7 +5,7 @@
 
 namespace tarvik {
 
-/// A steering step turns by so many degrees, and by the speed in cells a frame on top.
+/// A steering step turns by so many degrees, plus the speed in cells a frame.
 inline constexpr float STEER_DEGREES = 1.2F;
 
 /// Virtual-key codes.
@@ -37,7 +37,7 @@ void apply_throttle();
 /// Down: divides the speed; the slower the car, the stronger the brake.
 void apply_brake();
 
-/// A and Z: one gear up or down. Each stops the whole game for 300 ms, also at the last gear, and
+/// A and Z: one gear up or down. Each stops the whole game for 300 ms, even at the last gear, and
 /// consumes the key press.
 void shift_gear_up();
 void shift_gear_down();

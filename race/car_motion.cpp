@@ -46,7 +46,7 @@ void move_car() {
     const bool grip = rand() % SKID_DRAWS >= GRIP_DRAW;
     if (!grip && steer_count[PLAYER_SLOT] >= SKID_STEER_COUNT) {
         advance(skid_step);
-        rand(); // not used, but the draws after it depend on its being drawn
+        rand(); // unused, but later draws depend on it
     } else {
         advance(normal_step);
     }

@@ -1,4 +1,4 @@
-// The player's car on its way: motion steps, the move, and what its corners stand on.
+// The player's car on its way: motion steps, the move, and what its corners are on.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,8 @@ namespace tarvik {
 /// Cells per frame from which a car can skid.
 inline constexpr float SKID_SPEED = 0.5F;
 
-/// Computes the outline and this frame's motion from the speed and the heading after the keys.
+/// Computes the outline and this frame's motion from the speed and the heading that the keys have
+/// set.
 void prepare_move();
 
 /// Moves the car one step: along its heading or, in a long fast turn, in most frames along a

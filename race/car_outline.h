@@ -6,13 +6,12 @@
 namespace tarvik {
 
 inline constexpr int OUTLINE_POINTS = 5;
-/// Points after this one are the corners, which feel the road.
+/// Points after this one are the corners, which are checked against the road.
 inline constexpr int OUTLINE_NOSE = 0;
 /// Distance of every point from the car's position, cells.
 inline constexpr double OUTLINE_RADIUS = 6.0;
 
-/// Offsets of the outline points from a car's position, cells; those of the car that was computed
-/// last.
+/// Offsets of the outline points from a car's position, cells, for the car computed last.
 extern float outline_dx[OUTLINE_POINTS];
 extern float outline_dy[OUTLINE_POINTS];
 

@@ -3,8 +3,8 @@
 
 namespace tarvik {
 
-/// Resets the car if its `hits` are too many for the difficulty, or in the end too often any, and
-/// if its lap has run for too long.
+/// Resets the car if it has too many `hits` for the difficulty (on the easier ones chance decides
+/// while there are any), or if its lap has run for too long.
 void apply_crash_rules();
 
 } // namespace tarvik

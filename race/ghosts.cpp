@@ -1,4 +1,4 @@
-// Ghost laps change slots by their buffers' references; only the newest lap is copied.
+// Ghost laps change slots by passing their buffers on; only the newest lap is copied.
 #include "race/ghosts.h"
 
 #include "race/car_outline.h"
@@ -10,8 +10,8 @@ namespace tarvik {
 
 namespace {
 
-/// The player's slot keeps its content, which the next lap overwrites entry by entry: where that
-/// lap is shorter, the rest of this one stays behind its end.
+/// The player's slot keeps its content, which the next lap overwrites entry by entry: if that lap
+/// is shorter, the rest of this one stays after its end.
 void shift_buffers(float** buffers) {
     std::rotate(buffers + FIRST_GHOST_SLOT, buffers + LAST_GHOST_SLOT,
                 buffers + LAST_GHOST_SLOT + 1);

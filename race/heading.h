@@ -9,14 +9,14 @@ namespace tarvik {
 /// the same keys would lead to another place.
 inline constexpr double DEG_TO_RAD = 0.017453292516666667;
 
-/// A way on the track, cells.
+/// A displacement on the track, cells.
 struct Step {
     float x;
     float y;
 };
 
-/// The way of `length` cells along a heading in degrees, computed in double precision and kept in
-/// single.
+/// The displacement of `length` cells along a heading in degrees, computed in double precision and
+/// kept in single.
 inline Step step_along(float degrees, double length) {
     const double radians = static_cast<double>(degrees) * DEG_TO_RAD;
     return {static_cast<float>(length * std::sin(radians)),

@@ -42,7 +42,7 @@ void handle_race_keys() {
     if (is_down(VK_F2)) {
         hold_game(VK_F2, F2_WAIT_MS);
     }
-    // The brackets are not consumed: held, they load their track in every frame.
+    // Bracket presses are not consumed: a held bracket loads its track in every frame.
     if (is_down(VK_OEM_4)) {
         switch_track(race_number - 1);
     }

@@ -2,8 +2,8 @@
 //
 // Units, throughout race/: lengths are track cells, as large as logical pixels, with x to the right
 // and y downwards. Positions have fractions; cutting them off gives the cell. Headings are degrees,
-// counted on and on through all turns, from 0, which is down the view, by way of 90, right, and
-// 180, up. Time is frames and nothing else, so speed is cells per frame.
+// never wrapped: 0 is down the view, 90 right, 180 up. Time is frames and nothing else, so speed is
+// cells per frame.
 #pragma once
 
 #include <cstdint>
@@ -34,8 +34,8 @@ extern float car_y[CAR_SLOTS];       ///< cells, like car_x
 extern float heading[CAR_SLOTS];     ///< degrees, unbounded
 extern float speed[CAR_SLOTS];       ///< cells per frame, 0 to just above 3.3
 extern std::int32_t gear[CAR_SLOTS]; ///< 0 (neutral) to TOP_GEAR
-/// Off-road penalty, in frames: grows by 1 per corner off the road and frame, also while no lap
-/// is timed, and starts at 0 with each lap.
+/// Off-road penalty, in frames: grows by 1 per corner off the road and frame, even while no lap is
+/// timed, and starts at 0 with each lap.
 extern float penalty[CAR_SLOTS];
 /// Frames since the lap began, 2 or more once a timed frame is over; 0 while none is timed.
 extern std::int32_t cycle[CAR_SLOTS];
@@ -64,7 +64,7 @@ extern float steer_history[STEER_HISTORY_SIZE];
 // --- Ghost laps --------------------------------------------------------------------------------
 
 inline constexpr std::int32_t GHOST_FRAMES = 1000000;
-/// What an entry holds that no lap has recorded.
+/// The value of an entry that no lap has recorded.
 inline constexpr float GHOST_NOWHERE = 111.0F;
 inline constexpr float GHOST_NO_HEADING = 180.0F;
 
@@ -85,8 +85,8 @@ extern std::int32_t race_number; ///< which track is loaded, 1 or 2
 
 // --- Operations --------------------------------------------------------------------------------
 
-/// Allocates the ghost buffers (240 MB, kept until the process ends) and puts everything to its
-/// start. Called once.
+/// Allocates the ghost buffers (240 MB, kept until the process ends) and sets everything to its
+/// initial value. Called once.
 void init_race_state();
 
 /// Puts the player's car back to the start, without speed, gear, lap or penalty. Best lap, ghosts

@@ -1,7 +1,7 @@
 // The race course: one square grid of cells, and the map file it is read from.
 //
-// A map file is the grid as it stands: TRACK_MAP_BYTES bytes, row after row from the top, nothing
-// before and nothing after them.
+// A map file is the grid itself: TRACK_MAP_BYTES bytes, row after row from the top, nothing before
+// and nothing after them.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +16,7 @@ inline constexpr std::uint32_t TRACK_MAP_BYTES = 100000000;
 /// The one cell value that is not road.
 inline constexpr std::uint8_t CELL_OFF_TRACK = 1;
 
-/// Cell (x, y), both 0 to 9999, stands at index y * TRACK_WIDTH + x. Only loading writes it.
+/// Cell (x, y), both 0 to 9999, is at index y * TRACK_WIDTH + x. Only loading writes it.
 extern std::uint8_t* track_grid;
 
 /// Allocates the grid, off-track everywhere.

@@ -16,12 +16,12 @@ namespace {
 constexpr std::int32_t BLOCK = 4; // cells of a row looked at together
 static_assert(LOGICAL_WIDTH % BLOCK == 0);
 
-/// Whether the next BLOCK cells are all alike, as nearly everywhere in the view.
+/// Whether the next BLOCK cells are all alike, as they are nearly everywhere in the view.
 bool are_alike(const std::uint8_t* cell) {
     return cell[0] == cell[1] && cell[0] == cell[2] && cell[0] == cell[3];
 }
 
-/// Written out, not a loop, and for one colour: each line comes down to four plain stores.
+/// Unrolled, and for one colour, so that each line compiles to four plain stores.
 template <int RED, int GREEN, int BLUE>
 void plot_block(std::int32_t i, std::int32_t j) {
     plot(i, j, RED, GREEN, BLUE);
@@ -68,7 +68,7 @@ void draw_status(std::int32_t x, std::int32_t y) {
     draw_text(x, y, 255, 255, 255);
 }
 
-// The blanks in the formats lay the right-hand texts out in columns.
+// The blanks in the formats align the right-hand texts in columns.
 void draw_hud() {
     std::snprintf(text_buffer, TEXT_BUFFER_SIZE, "Gear : %d", gear[PLAYER_SLOT]);
     draw_status(30, 30);

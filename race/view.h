@@ -1,4 +1,4 @@
-// Which part of the track the picture shows.
+// Which part of the track the view shows.
 #pragma once
 
 #include <cstdint>

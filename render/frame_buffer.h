@@ -1,6 +1,6 @@
 // The frame in memory, and the two operations that store pixels in it.
 //
-// Both operations are defined here for the compiler to see through: a frame stores some 80,000
+// Both operations are defined here so that the compiler can inline them: a frame stores some 80,000
 // logical pixels.
 #pragma once
 
@@ -19,8 +19,8 @@ inline constexpr std::ptrdiff_t ROW_BYTES = DEVICE_WIDTH * PIXEL_BYTES;
 /// `screen_height` rows of `screen_width` pixels of PIXEL_BYTES bytes, red, green, blue, without
 /// gaps. OpenGL draws upwards, so the lowest row comes first.
 ///
-/// Its bytes are reached through this pointer only and are never the pointer's own, which a
-/// compiler has to be told: else it loads the pointer again after every pixel.
+/// Its bytes are reached through this pointer only and never overlap the pointer itself. The
+/// compiler has to be told, or it reloads the pointer after every pixel.
 extern std::uint8_t* __restrict frame_buffer;
 
 /// How many bytes those are.

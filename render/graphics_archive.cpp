@@ -22,13 +22,13 @@ std::int32_t claimed_bytes(const Sprite& sprite) {
     return static_cast<std::int32_t>(product);
 }
 
-/// The bytes of all pixels of three bytes that `bytes` bytes begin.
+/// `bytes` rounded up to whole pixels of three bytes.
 std::size_t whole_pixels(std::size_t bytes) {
     return (bytes + 2) / 3 * 3;
 }
 
-/// Gives back what a cut or lying record claimed and the file did not hold, but for the last pixel
-/// that was begun, and at least one byte so that `pixels` stays non-null.
+/// Releases what a truncated or false record claimed and the file did not hold, except for the last
+/// pixel begun, and keeps at least one byte so that `pixels` stays non-null.
 void keep_bytes(Sprite& sprite, std::size_t bytes_read) {
     const std::size_t kept =
         std::clamp<std::size_t>(whole_pixels(bytes_read), 1, sprite.pixel_bytes);
@@ -49,7 +49,7 @@ struct Archive {
     bool is_over = false; ///< the next record is out of reach
 };
 
-/// Takes the file to the next record. Files can only be read, not sought in.
+/// Moves on to the next record by reading, since the game's files cannot seek.
 void skip(Archive& archive, std::size_t bytes) {
     if (bytes > archive.may_skip) {
         archive.is_over = true;
@@ -94,7 +94,7 @@ void read_sprite(Archive& archive, Sprite& sprite) {
     if (archive.is_over) {
         return;
     }
-    // Each field by itself: one that the end of the file cuts keeps 0 in what is missing.
+    // Each field separately: where the end of the file cuts one off, its missing bytes stay 0.
     archive.file.read(&sprite.width, sizeof sprite.width);
     archive.file.read(&sprite.height, sizeof sprite.height);
     archive.file.read(&sprite.bytes_per_pixel, sizeof sprite.bytes_per_pixel);

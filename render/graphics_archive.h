@@ -1,18 +1,18 @@
 // The file that holds the game's pictures.
 //
-// 1400 records, one for each sprite number from 0 on, with nothing before, between or after them.
-// A record is three signed 32-bit little-endian integers, width, height and bytes per pixel,
-// followed by their product's number of pixel bytes (rows from the top down, red, green, blue).
-// The product is taken modulo 2^32 and read as signed; not above 0, it stands for an empty sprite
-// and no pixel bytes follow.
+// 1400 records, one for each sprite number from 0 on, with nothing before, between or after them. A
+// record is three signed 32-bit little-endian integers (its width, its height, the bytes of a
+// pixel), followed by as many pixel bytes as their product says (rows from the top down, red,
+// green, blue). The product is taken modulo 2^32 and read as signed; if it is 0 or negative, the
+// sprite is empty and no pixel bytes follow.
 #pragma once
 
 #include <cstddef>
 
 namespace tarvik {
 
-// The format knows no limits. These lie beyond anything that a view of 320 by 240 can show, and
-// keep a file that claims or holds gigabytes from taking all memory, or minutes of the player's
+// The format has no limits. These are far beyond anything that a view of 320 by 240 can show, and
+// keep a file that claims or holds gigabytes from taking all memory or minutes of the player's
 // time.
 
 /// Pixel bytes kept of one record. Of a larger one the first are kept, the rest is passed over.

@@ -1,4 +1,4 @@
-// Creation and destruction of pictures.
+// Creation and destruction of sprites.
 #include "render/sprite.h"
 
 #include "shell/out_of_memory.h"

@@ -1,5 +1,5 @@
-// Both drawing operations are one loop; they differ in what puts the pixel, and in whether what is
-// beyond the left or the upper edge can be left out.
+// Both drawing operations share one loop; they differ in how they plot a pixel, and in whether
+// pixels beyond the left or the upper edge can be skipped.
 #include "render/sprite_drawing.h"
 
 #include "render/frame_buffer.h"
@@ -34,8 +34,8 @@ Span showing(std::int64_t position, std::int64_t width, std::int64_t view_size,
             .end = std::min(width, view_size - position)};
 }
 
-/// Where a row may begin whose first columns, up to `edge`, all land on the view's left column: at
-/// the last of them that is drawn, as it stays.
+/// Where to start a row whose first columns, up to `edge`, all land on the view's left column: at
+/// the last of them that is drawn, as that one stays.
 std::int64_t last_on_edge(const std::uint8_t* row_pixels, std::int64_t edge) {
     while (edge > 0 && is_transparent(row_pixels + edge * DRAWN_BYTES_PER_PIXEL)) {
         --edge;
@@ -43,8 +43,8 @@ std::int64_t last_on_edge(const std::uint8_t* row_pixels, std::int64_t edge) {
     return std::max<std::int64_t>(edge, 0);
 }
 
-/// A sprite may claim any width and hold almost nothing, and the position may be any at all: what
-/// is walked is only what the sprite holds and what can show, in 64 bits.
+/// A sprite may claim any width yet hold almost nothing, and it may be drawn anywhere: the loop
+/// visits only pixels that the sprite holds and that can show, and counts in 64 bits.
 template <OutsideTopLeft outside, typename Plot>
 void draw_pixels(std::int32_t x, std::int32_t y, std::int32_t n, Plot plot_pixel) {
     if (n < 0 || n >= SPRITE_COUNT || sprite_table[n].width <= 0) {

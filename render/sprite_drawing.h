@@ -1,4 +1,4 @@
-// Putting pictures into the view.
+// Drawing sprites into the view.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@ namespace tarvik {
 inline constexpr std::int32_t START_MARKER_IMAGE = 30;
 inline constexpr std::int32_t CURSOR_IMAGE = 250;
 
-/// The colour that a sprite's pixels have where it shows nothing, 0xRRGGBB: black.
+/// The colour of a sprite's transparent pixels, 0xRRGGBB: black.
 inline constexpr std::int32_t SPRITE_TRANSPARENT = 0x000000;
 
 /// Draws sprite n (0 to SPRITE_COUNT - 1; any other number draws nothing) as a square of its
@@ -17,8 +17,8 @@ inline constexpr std::int32_t SPRITE_TRANSPARENT = 0x000000;
 /// with another shape or depth only the pixels inside its bytes are drawn.
 void draw_sprite(std::int32_t x, std::int32_t y, std::int32_t n);
 
-/// The same, but what would be lost beyond the left or the upper edge is pushed onto the edge; of
-/// several pixels in one place the last stays.
+/// The same, but pixels beyond the left or the upper edge are drawn on that edge; where several
+/// share a place, the last one wins.
 void draw_sprite_clamped(std::int32_t x, std::int32_t y, std::int32_t n);
 
 /// `plot` with negative coordinates moved to 0.

@@ -13,7 +13,7 @@ namespace tarvik {
 /// behind if there is a folder for it, and a file that may not be written does not open.
 class DataFile {
   public:
-    /// `name` counts from the folder that the game runs in, with backslashes between folders.
+    /// `name` is relative to the folder that the game runs in, with backslashes between folders.
     explicit DataFile(const char* name);
     ~DataFile();
     DataFile(const DataFile&) = delete;

@@ -7,12 +7,11 @@ namespace tarvik {
 
 inline constexpr int KEY_TABLE_SIZE = 256;
 
-/// By Windows virtual-key code: 1 from a key-down message to the next key-up one, else 0.
-/// The race writes 0 to consume a press. Never cleared as a whole, not even when the focus goes.
+/// By Windows virtual-key code: 1 from a key-down message to the next key-up one, else 0. The race
+/// writes 0 to consume a press. Never cleared as a whole, not even when the focus is lost.
 extern std::int32_t key_down[KEY_TABLE_SIZE];
 
-/// Device pixel of the window that the mouse was last seen over; a mouse that leaves the window is
-/// seen no more.
+/// The window's device pixel where the mouse was last seen; outside the window it is not followed.
 extern std::int32_t mouse_x;
 extern std::int32_t mouse_y;
 
@@ -20,7 +19,7 @@ extern std::int32_t mouse_y;
 /// and so does Escape.
 extern std::int32_t quit_requested;
 
-/// Whether the race is to act on a key, as far as the messages handled so far tell.
+/// Whether the race should act on a key, going by the messages handled so far.
 inline bool is_down(int virtual_key) {
     return key_down[virtual_key] == 1;
 }

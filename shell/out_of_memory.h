@@ -6,7 +6,8 @@
 
 namespace tarvik {
 
-/// Says on standard error which buffer could not be had, and ends the program with exit code 1.
+/// Says on standard error which buffer could not be allocated, and ends the program with exit code
+/// 1.
 [[noreturn]] void end_out_of_memory(const char* buffer_name, std::size_t bytes);
 
 /// Allocates `count` uninitialised `T`, to be released with delete[], or ends the program.

@@ -1,4 +1,4 @@
-// Thin sequences of system calls. What fails without a word here is meant to: the game goes on.
+// Plain sequences of system calls. Where a failure is ignored, the game is meant to go on.
 #include "shell/window.h"
 
 #include "shell/screen.h"
@@ -34,7 +34,7 @@ bool register_window_class() {
 void set_up_gl_context() {
     device_context = GetDC(window_handle);
 
-    // PFD_SUPPORT_OPENGL is not among the flags (docs/oddities.md).
+    // PFD_SUPPORT_OPENGL is left out on purpose (docs/oddities.md).
     PIXELFORMATDESCRIPTOR pixelf{};
     pixelf.nSize = sizeof(PIXELFORMATDESCRIPTOR);
     pixelf.nVersion = 1;

@@ -19,7 +19,7 @@ extern HGLRC gl_context;
 
 /// Opens the borderless window in the middle of the display, `screen_width` by `screen_height`, and
 /// shows it once its OpenGL context is current. A window that cannot be created is reported in a
-/// message box; start-up goes on all the same.
+/// message box; start-up continues regardless.
 void create_game_window();
 
 /// Restores the display mode and the system pointer and takes the context and the window down.

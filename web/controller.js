@@ -1,4 +1,5 @@
-// A controller's Start button starts the race as well. In a race, controllers are the game's affair.
+// A controller's Start button starts the race as well. During a race, the game itself handles
+// controllers.
 'use strict';
 
 (() => {
@@ -7,7 +8,7 @@
   let wasDown = true; // as it is when it has just ended a race
   let counts = false;
 
-  // Only when it is let go of: to the game, Start ends the race.
+  // Only on release: to the game, Start ends the race.
   function look() {
     const pads = navigator.getGamepads();
     const isDown = pads.some((pad) => pad?.mapping === 'standard' && pad.buttons[STANDARD_START].pressed);

@@ -1,11 +1,11 @@
 // The page around the game: loading, starting and the end.
 //
-// What a program that looks on may rely on, besides the ids in index.html:
+// What a program that watches the page may rely on, besides the ids in index.html:
 //   <html data-state="...">  loading, ready (waits for the button), starting (unpacks the first
 //                            track), racing, ended (waits for the button), failed
-//   #game                    the canvas, 640 by 480 pixels; has the focus while somebody drives
+//   #game                    the canvas, 640 by 480 pixels; has the focus during a race
 //   #start                   the button that starts the race and the next one
-//   window.tarvik.pictures   pictures shown since the race began
+//   window.tarvik.pictures   frames shown since the race began
 //   window.tarvik.laps       laps completed since then: { track, frames }, the penalty included
 // The document gets a "statechange" event whenever data-state has changed.
 'use strict';
@@ -22,7 +22,7 @@
   let memory = null; // of the program; every race uses the same
   const files = new Map(); // packed by gzip, by the names the game knows
 
-  class Reason extends Error {} // a failure that is told as it stands
+  class Reason extends Error {} // a failure to be shown as it is
 
   function setState(state, title, text) {
     document.documentElement.dataset.state = state;
@@ -53,7 +53,7 @@
     element('status').textContent = texts[state];
   }
 
-  // The next try starts from a fresh page: what failed may have left anything behind.
+  // The next try starts from a fresh page: a failure may have left anything behind.
   function fail(error) {
     console.error(error);
     program = null;
@@ -98,8 +98,8 @@
     return new Uint8Array(await new Response(stream).arrayBuffer());
   }
 
-  // Some servers say of a .gz file that it is only encoded so, and the browser unpacks it: 100 MB,
-  // which are packed again as they come.
+  // Some servers declare .gz files as merely encoded, so the browser unpacks them: 100 MB, which
+  // are packed again as they come.
   async function packedBytes(stream) {
     const [look, keep] = stream.tee();
     const reader = look.getReader();
@@ -136,8 +136,8 @@
 
   // --- A race ------------------------------------------------------------------------------------
 
-  // The game never takes back what it has allocated and set, so each race is a new program. The
-  // memory under it, 350 MB, is the same one, wiped: an old one would go when the browser likes.
+  // The game never undoes what it has allocated and set, so each race is a new program. It gets the
+  // same memory, 350 MB, wiped: an old one would be freed only when the browser likes.
   async function race() {
     if (memory) {
       new Uint8Array(memory.buffer).fill(0);

@@ -9,7 +9,7 @@ window.tarvik = { pictures: 0, laps: [], touch: matchMedia('(pointer: coarse)') 
 (() => {
   const BLOCKS_ACROSS = 320;
   const BLOCKS_DOWN = 240;
-  // What thumbs need: in landscape on the left and the right together, in portrait below.
+  // Room for the thumbs: in landscape left and right together, in portrait below.
   const THUMBS_ACROSS = 248;
   const THUMBS_DOWN = 320;
 

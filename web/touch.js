@@ -73,7 +73,7 @@
     }
   });
   document.addEventListener('statechange', () => {
-    fingers.clear(); // with the race the buttons go, and with them the news of their fingers
+    fingers.clear(); // the buttons go when the race ends, and no more is heard of their fingers
     document.querySelectorAll('.held').forEach((button) => button.classList.remove('held'));
   });
 })();

@@ -1,5 +1,5 @@
 # Run by CPack on the files that go into the package for Debian: the manual page and the changelog
-# packed as Debian wants them, and one time of change for all, so that the same commit gives the
+# packed as Debian wants them, and one modification time for all, so that the same commit gives the
 # same package.
 cmake_minimum_required(VERSION 3.25)
 

@@ -181,7 +181,7 @@ bool key_message(const KeyChange& change, Message& message) {
     if (virtual_key == 0) {
         return false;
     }
-    // Ctrl with Alt is how AltGr types characters, so that is no system keystroke.
+    // Ctrl with Alt is AltGr, which types characters, so that is no system keystroke.
     const bool system =
         virtual_key == VK_F10 || virtual_key == VK_MENU || (change.alt && !change.control);
     message.wparam = static_cast<WPARAM>(virtual_key);

@@ -13,7 +13,7 @@
 
 namespace tarvik {
 
-/// Codes that only what stands under the game knows by name.
+/// Codes that only the platform layers know by name.
 inline constexpr int VK_RETURN = 0x0D;
 inline constexpr int VK_MENU = 0x12; // Alt
 inline constexpr int VK_F4 = 0x73;

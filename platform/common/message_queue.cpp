@@ -1,4 +1,4 @@
-// The ring of waiting messages and its two mergers.
+// The ring of waiting messages, and the two ways they merge.
 #include "platform/common/message_queue.h"
 
 namespace tarvik {

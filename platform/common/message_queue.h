@@ -1,7 +1,7 @@
 // The window's message queue: what Windows keeps for a window, without a system under it.
 //
-// The game takes one message a frame, so what waits here costs the player a frame each. Messages
-// that only repeat or update a waiting one are therefore merged into it, as Windows does.
+// The game takes one message a frame, so each message that waits here costs the player a frame.
+// Messages that only repeat or update a waiting one are therefore merged into it, as Windows does.
 #pragma once
 
 #include "platform/win32.h"

@@ -14,7 +14,7 @@ extern "C" void note_close_signal(int) {
     close_signal_came = 1;
 }
 
-// A signal that whoever started the program has it ignore (nohup does so with SIGHUP, a shell with
+// A signal that was already ignored when the program started (nohup does that to SIGHUP, a shell to
 // the SIGINT of a background job) stays ignored.
 void watch(int signal) {
     struct sigaction action {};

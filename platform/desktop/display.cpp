@@ -33,7 +33,7 @@ void set_hints() {
     hint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
     hint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0"); // the window seldom fills the screen
     hint(SDL_HINT_VIDEO_WAYLAND_ALLOW_LIBDECOR, "0");       // nor does it have a frame
-    hint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");           // a detour over OpenGL
+    hint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");           // a detour through OpenGL
 }
 
 // The driver is always named. Left to itself SDL would rather draw into nothing than say that

@@ -4,7 +4,7 @@
 namespace tarvik {
 
 /// Connects to the display. Where there is none, one line on standard error says so and the program
-/// ends with exit code 1. Whoever has a main() calls this first and starts WinMain after it.
+/// ends with exit code 1. A program's main() calls this first and WinMain after it.
 ///
 /// X11 is tried before Wayland, since only an X server tells which keys are held while another
 /// window has the focus. The environment variable TARVIK_DISPLAY asks for one of them: `x11` or

@@ -55,7 +55,7 @@ bool is_released_by_focus_loss(std::span<const SDL_Event> from_release_on) {
     return false;
 }
 
-// A key that two hold is down until both have let go of it.
+// A key held by both keyboard and controller is down until both have let go of it.
 bool is_still_held_by_controller(const Message& message) {
     return message.message == WM_KEYUP && controller_holds(static_cast<int>(message.wparam));
 }

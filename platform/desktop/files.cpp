@@ -11,7 +11,7 @@
 
 namespace {
 
-// Descriptor 0 is a good one, a null handle is not: hence the 1.
+// Descriptor 0 is valid but a null handle is not, hence the 1.
 HANDLE handle_of(int descriptor) {
     return reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(descriptor) + 1);
 }
@@ -24,12 +24,12 @@ int descriptor_of(HANDLE handle) {
 int open_flags(DWORD access) {
     const bool writes = (access & FILE_WRITE_DATA) != 0;
     const bool reads = (access & FILE_READ_DATA) != 0;
-    // Nothing that has come in a file's place may make the game wait or become its terminal.
+    // Whatever is there instead of a file must not make the game wait or become its terminal.
     return (writes ? (reads ? O_RDWR : O_WRONLY) : O_RDONLY) | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
 }
 
-// Folders, pipes and devices are no files. And what nobody may read or write is closed to root too,
-// to whom the kernel would open it all the same.
+// Folders, pipes and devices do not count as files. What nobody may read or write stays closed to
+// root too, although the kernel would open it.
 bool may_be_used(const struct stat& status, DWORD access) {
     const bool readable = (status.st_mode & (S_IRUSR | S_IRGRP | S_IROTH)) != 0;
     const bool writable = (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) != 0;
@@ -49,7 +49,7 @@ HANDLE WINAPI CreateFileA(LPCSTR name, DWORD access, DWORD, LPSECURITY_ATTRIBUTE
     std::string path(name);
     std::ranges::replace(path, '\\', '/');
 
-    // Looked at before it is opened: merely opening a device can set it going.
+    // Checked before it is opened: merely opening a device can set it going.
     struct stat status {};
     int descriptor = -1;
     if (stat(path.c_str(), &status) == 0) {

@@ -19,7 +19,7 @@ bool is_asked_for = false;
 // Enter was pressed with Alt; its release may come after Alt's.
 bool enter_is_taken = false;
 
-// While the window takes the display without anybody's help.
+// While the window takes the display without a window manager's help.
 std::optional<SDL_Rect> place_before;
 
 void move_to(SDL_Window* window, const SDL_Rect& place) {

@@ -7,11 +7,11 @@ union SDL_Event;
 
 namespace tarvik {
 
-/// From here on SDL tells of controllers, those that are there already included. Where the system
-/// refuses, there are none.
+/// From here on SDL reports controllers, including those already plugged in. If the system refuses,
+/// there are none.
 void watch_game_controllers();
 
-/// Notes what an event says about a controller; nothing where it is about anything else.
+/// Notes what an event says about a controller; ignores all other events.
 void note_controller_event(const SDL_Event& event);
 
 /// Puts what was noted since the last call into the queue.

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Wayland tells only those keys that go down while the window has the focus.
+// Wayland reports only those keys that go down while the window has the focus.
 bool sdl_key_is_held(int virtual_key) {
     const Uint8* held = SDL_GetKeyboardState(nullptr);
     const bool num_lock = (SDL_GetModState() & KMOD_NUM) != 0;

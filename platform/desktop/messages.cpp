@@ -29,7 +29,7 @@ using namespace tarvik;
 
 extern "C" {
 
-// All messages are for the one window, so neither the window nor a range of messages chooses any.
+// All messages are for the one window, so the window and range arguments are ignored.
 BOOL WINAPI PeekMessageA(LPMSG message, HWND, UINT, UINT, UINT) {
     if (frame_hook != nullptr) {
         frame_hook();

@@ -113,7 +113,7 @@ BOOL WINAPI wglDeleteContext(HGLRC context) {
     return TRUE;
 }
 
-// The next picture covers all of the last one.
+// The next frame covers all of the last one.
 void glClear(GLbitfield) {}
 
 /// The only format the game uses: rows from the bottom up, red, green, blue, without padding.

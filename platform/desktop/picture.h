@@ -5,7 +5,7 @@
 
 namespace tarvik {
 
-/// Shows the last picture once more, for a window that has been uncovered or has another size now.
+/// Shows the last frame once more, for a window that has been uncovered or resized.
 void show_picture_again();
 
 /// Finds the game's own pixel at a place in the window. False beside the picture.

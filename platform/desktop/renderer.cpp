@@ -47,8 +47,9 @@ bool has_card_behind_it() {
 } // namespace
 
 SDL_Renderer* make_renderer(SDL_Window* window) {
-    // SDL's renderer for the processor wants the window's own memory, which Wayland has none of.
-    // There, a frame that nobody looks at is never asked for, and waiting for it would take long.
+    // SDL's software renderer needs window memory, which Wayland does not provide. There is no
+    // vsync there either: a hidden window is never asked for a frame, and waiting for that would
+    // take long.
     const bool on_wayland = !is_x11();
     const Uint32 sync = on_wayland ? 0 : SDL_RENDERER_PRESENTVSYNC;
     const bool is_chosen = SDL_GetHint(SDL_HINT_RENDER_DRIVER) != nullptr;

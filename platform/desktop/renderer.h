@@ -1,4 +1,4 @@
-// How pictures get into the window: by a graphics card where there is one.
+// How frames get into the window: by a graphics card if there is one.
 #pragma once
 
 struct SDL_Renderer;
@@ -6,8 +6,8 @@ struct SDL_Window;
 
 namespace tarvik {
 
-/// Makes what draws into a window that has not been shown yet. Null, with SDL's reason, where that
-/// is impossible.
+/// Makes the renderer for a window that has not been shown yet. Null, with SDL's reason, if that is
+/// impossible.
 SDL_Renderer* make_renderer(SDL_Window* window);
 
 } // namespace tarvik

@@ -1,4 +1,4 @@
-// Nothing but the streams themselves may have their numbers.
+// Keeps the standard streams' numbers from anything else.
 #include "platform/desktop/standard_streams.h"
 
 #include <csignal>

@@ -1,4 +1,4 @@
-// Everything that waits: the pace of the pictures and Sleep.
+// Everything that waits: frame pacing and Sleep.
 #include "platform/common/pacing.h"
 #include "platform/desktop/picture.h"
 #include "platform/win32.h"
@@ -21,7 +21,7 @@ void wait_for_next_picture() {
 using namespace tarvik;
 
 // Sleeps through signals: a close request waits for its turn as it would on Windows. Only the
-// picture is kept up, as Windows itself would, where the window is uncovered or resized.
+// picture is redrawn, as Windows itself would do, when the window is uncovered or resized.
 extern "C" void WINAPI Sleep(DWORD milliseconds) {
     const auto end = PictureClock::now() + std::chrono::milliseconds(milliseconds);
     for (auto now = PictureClock::now(); now < end; now = PictureClock::now()) {

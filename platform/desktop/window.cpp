@@ -78,7 +78,7 @@ BOOL WINAPI UnregisterClassA(LPCSTR class_name, HINSTANCE) {
     return TRUE;
 }
 
-// Position and size are those of the picture: a popup window has no frame. Like on Windows, the
+// Position and size are those of the picture: a popup window has no border. As on Windows,
 // positions count from the corner of the primary display. A window that is made larger keeps its
 // middle.
 HWND WINAPI CreateWindowExA(DWORD, LPCSTR class_name, LPCSTR title, DWORD, int x, int y, int width,

@@ -21,8 +21,8 @@ namespace {
     std::_Exit(EXIT_FAILURE);
 }
 
-// A request can come too late at any time; and what a driver is refused, it reports as a context
-// that could not be made.
+// A request can come too late at any time; and a driver that is refused one reports that no context
+// could be created.
 int pass_over(Display*, XErrorEvent* error) {
     if (error->error_code == BadDrawable || error->error_code == BadWindow) {
         note_x11_window_lost(error->resourceid);

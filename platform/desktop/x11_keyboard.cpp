@@ -66,7 +66,7 @@ std::uint32_t character_of(unsigned int code, int group) {
     if (XkbLookupKeySym(connection, static_cast<KeyCode>(code), state, &used, &symbol) == False) {
         return 0;
     }
-    // In Latin 1 a symbol is its character. All that counts for the others is that they are none.
+    // In Latin-1 a symbol equals its character. The others only have to differ from those.
     return static_cast<std::uint32_t>(symbol);
 }
 
@@ -115,7 +115,7 @@ bool x11_key_is_held(int virtual_key) {
 
 bool read_x11_key_event(const XEvent& event, KeyChange& change) {
     if (event.type == KeymapNotify) {
-        // Follows every gain of the focus: keys that went up elsewhere are up here too.
+        // Comes after every gain of focus: keys released elsewhere are released here too.
         std::memcpy(seen_down.data(), event.xkeymap.key_vector, seen_down.size());
         return false;
     }

@@ -11,8 +11,8 @@ union _XEvent;
 
 namespace tarvik {
 
-/// Opens a connection of its own to the X server. False when there is none to be had, and then the
-/// other calls must not be made.
+/// Opens a connection of its own to the X server. False if there is none; the other calls must not
+/// be made then.
 bool open_x11_keyboard();
 
 /// Whether a key with this virtual-key code is held at this moment.

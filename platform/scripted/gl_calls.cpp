@@ -1,4 +1,4 @@
-// OpenGL and its binding, as far as somebody who looks on needs them.
+// OpenGL and its binding, as far as an onlooker needs them.
 #include "platform/scripted/recording.h"
 #include "platform/scripted/scripted.h"
 

@@ -1,6 +1,6 @@
-// A platform with no display, no keyboard and no waiting: whoever runs the game on it plays the
-// system. It feeds messages and key states, sees each picture that is shown and, on request, each
-// call in order. The messages come through platform/driver.h.
+// A platform with no display, no keyboard and no waiting: the program that runs the game on it
+// plays the system's part. It feeds messages and key states, sees each frame that is shown and, on
+// request, each call in order. The messages come through platform/driver.h.
 #pragma once
 
 #include "platform/win32.h"
@@ -40,7 +40,7 @@ extern bool memory_folder_exists;
 
 // --- What the game does ------------------------------------------------------------------------
 
-/// Called with each picture as it is shown: rows from the bottom up, red, green, blue.
+/// Called with each frame as it is shown: rows from the bottom up, red, green, blue.
 using PictureHook = void (*)(const std::uint8_t* pixels, int width, int height);
 void set_picture_hook(PictureHook hook);
 
@@ -49,7 +49,7 @@ void set_picture_hook(PictureHook hook);
 extern bool recording;
 extern std::vector<std::string> calls;
 
-/// Milliseconds that the game has slept in all; no time passes in truth.
+/// Milliseconds that the game has slept in total; no real time passes.
 extern std::uint64_t slept_ms;
 
 } // namespace tarvik::scripted

@@ -34,8 +34,8 @@ bool is_key_of_game(WPARAM virtual_key) {
     return std::find(std::begin(KEYS), std::end(KEYS), virtual_key) != std::end(KEYS);
 }
 
-/// The character of an event's `key`, 0 where that is a name such as "ArrowUp". All that counts of
-/// one beyond ASCII is that it is none of ours.
+/// The character of an event's `key`, 0 where that is a name such as "ArrowUp". One beyond ASCII
+/// only has to be different from the game's.
 std::uint32_t character_of(const char* key) {
     const auto first = static_cast<std::uint8_t>(key[0]);
     return std::strlen(key) == 1 ? first : first >= 0x80 ? 0xFFFFU : 0U;
@@ -66,8 +66,8 @@ EM_BOOL on_key(int type, const EmscriptenKeyboardEvent* event, void*) {
     return is_key_of_game(message.wparam) && !event->ctrlKey && !event->altKey && !event->metaKey;
 }
 
-/// What happens to the keys while another window has the keyboard, nobody tells: they count as
-/// released. The game's own table stays as it is, for no message says that they were.
+/// The browser does not say what happens to keys while another window has the keyboard: they count
+/// as released. The game's own table stays as it is, for no message says that they were.
 EM_BOOL on_blur(int, const EmscriptenFocusEvent*, void*) {
     held.fill(false);
     return EM_FALSE;

@@ -16,9 +16,9 @@ extern "C" {
 /// an opaque alpha, a byte each.
 void page_show_picture(const DWORD* pixels, int width, int height);
 
-/// Waits until a picture may follow in `milliseconds` (below 0: is late), in step with the
-/// display as far as its own pace allows. In a page that cannot be seen the wait lasts until it
-/// can.
+/// Waits until the next frame may be shown, which is due in `milliseconds` (negative if late), in
+/// step with the display as far as its refresh rate allows. In a hidden page it waits until the
+/// page is visible.
 void page_wait_for_picture(double milliseconds);
 
 /// Tells the page of a lap completed on a track: its result, in frames.

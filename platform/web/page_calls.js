@@ -1,7 +1,7 @@
 // The page's part of the layer, by the names of page.h; emscripten links it with the program.
 //
 // `Module` is what the page hands to createTarvik: `canvas`; `files`, a map from names such as
-// "data/race1.map" to Uint8Arrays packed by gzip; `pictureShown`, called after each picture; and
+// "data/race1.map" to Uint8Arrays packed by gzip; `pictureShown`, called after each frame; and
 // `lapCompleted`, called with a lap's track and result.
 mergeInto(LibraryManager.library, {
   $page: {
@@ -31,10 +31,10 @@ mergeInto(LibraryManager.library, {
     Module['pictureShown']();
   },
 
-  // The display's own turns come first, so that a picture stays for a whole number of them: the
-  // first turn from a little before the deadline on. Where turns are too rare for that (a display
-  // slower than 60 a second) a timer keeps the pace; not while the page is hidden, though, where
-  // turns stay out and the game stands still.
+  // Display refreshes come first, so that a frame stays for a whole number of them: the first one
+  // from a little before the deadline on. Where refreshes are too rare for that (a display slower
+  // than 60 Hz) a timer keeps the pace; but not while the page is hidden, when there are no
+  // refreshes and the game is suspended.
   page_wait_for_picture__deps: ['$Asyncify'],
   page_wait_for_picture: function (milliseconds) {
     Asyncify.handleSleep(function (wakeUp) {
@@ -120,7 +120,7 @@ mergeInto(LibraryManager.library, {
             take();
           },
           function () {
-            file.end = true; // damaged: as long as it could be read
+            file.end = true; // damaged: keep what could be read
             take();
           }
         );

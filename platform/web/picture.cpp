@@ -1,4 +1,4 @@
-// From the game's picture to the canvas, 60 times a second.
+// From the frame buffer to the canvas, 60 times a second.
 #include "platform/common/pacing.h"
 #include "platform/web/controllers.h"
 #include "platform/web/laps.h"
@@ -45,7 +45,7 @@ using namespace tarvik;
 
 extern "C" {
 
-// Every picture covers the whole canvas, so there is nothing to clear.
+// Every frame covers the whole canvas, so there is nothing to clear.
 void glClear(GLbitfield) {}
 
 /// The only format the game uses: rows from the bottom up, red, green, blue, without padding.
@@ -66,7 +66,7 @@ BOOL WINAPI SwapBuffers(HDC) {
     return TRUE;
 }
 
-/// In parts, for a tap on a controller that nobody looks at is lost.
+/// In steps, because a tap on a controller that is not polled meanwhile is lost.
 void WINAPI Sleep(DWORD milliseconds) {
     constexpr double PART = 15;
     const double end = emscripten_get_now() + milliseconds;

@@ -51,7 +51,7 @@ LRESULT WINAPI DispatchMessageA(const MSG* message) {
     return window_procedure(message->hwnd, message->message, message->wParam, message->lParam);
 }
 
-// No other message reaches the canvas than those of keys and mouse, of which Windows does nothing.
+// Only key and mouse messages reach the canvas, and Windows itself does nothing with those.
 LRESULT WINAPI DefWindowProcA(HWND, UINT, WPARAM, LPARAM) {
     return 0;
 }

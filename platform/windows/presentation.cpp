@@ -1,4 +1,4 @@
-// Showing pictures: enlarged to whole pixels, and 60 a second.
+// Showing frames: enlarged by whole pixels, 60 a second.
 #include "platform/common/pacing.h"
 #include "platform/windows/game_window.h"
 #include "platform/windows/system_call.h"
@@ -9,7 +9,7 @@ namespace {
 
 HANDLE make_timer() {
     // From Windows 10 1803 on. An older system's timer goes by its clock's ticks of up to 15.6 ms,
-    // and pictures come less evenly, but as many of them.
+    // and frames come less evenly, but as many of them.
     constexpr DWORD HIGH_RESOLUTION = 0x00000002; // not in every compiler's headers
     const HANDLE timer =
         CreateWaitableTimerExA(nullptr, nullptr, HIGH_RESOLUTION, TIMER_ALL_ACCESS);

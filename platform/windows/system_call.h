@@ -1,7 +1,7 @@
 // The system's own version of a call that this layer defines itself.
 //
 // The game is linked with this layer's definition, since objects go before import libraries; the
-// system's is asked for at run time. That takes nothing from the linker that Visual Studio lacks.
+// system's is looked up at run time. That needs nothing of the linker that Visual Studio's lacks.
 #pragma once
 
 namespace tarvik {

@@ -27,7 +27,7 @@ bool is_first_press(UINT message, LPARAM key_flags) {
     return (message == WM_KEYDOWN || message == WM_SYSKEYDOWN) && (key_flags & WAS_DOWN) == 0;
 }
 
-// Beside the picture is for the game what is outside the window.
+// To the game, a place beside the picture is outside the window.
 LRESULT pass_mouse_move(HWND window, WPARAM buttons, LPARAM place) {
     const PictureArea area = current_picture_area(window);
     const int x = static_cast<short>(LOWORD(place));

@@ -1,4 +1,4 @@
-// From a drawing to a map, and what is to be said about both.
+// From a drawing to a map, and what there is to say about both.
 #pragma once
 
 #include "tools/track/track_check.h"

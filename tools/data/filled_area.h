@@ -9,7 +9,7 @@
 
 namespace tarvik {
 
-/// Roads and places are narrower than this, the inside of a loop is hardly ever.
+/// Roads and wide places are narrower than this; the inside of a loop hardly ever is.
 inline constexpr int FILLED_SIDE = 400;
 
 /// The middle of the largest square that is all road, if its sides are FILLED_SIDE or more.

@@ -13,9 +13,9 @@ namespace {
 constexpr std::uint32_t RGB = 0xffffff;
 constexpr std::uint32_t GAME_GRASS = 0x00c800;
 
-// Of the samples: as much as a line ten cells wide and a car's way of two seconds long.
+// Of the samples: as many as in a line ten cells wide and as long as a car drives in two seconds.
 constexpr std::size_t FEWEST_PART = 25000;
-constexpr std::size_t MOST_COLOURS = 3; // a blend has hundreds, and the first ones tell
+constexpr std::size_t MOST_COLOURS = 3; // a blend has hundreds; the first few will do
 
 } // namespace
 
@@ -49,7 +49,7 @@ std::vector<std::string> GrassColours::surprising() const {
         }
     }
     std::ranges::sort(most, std::greater());
-    // What covers most of a page that is not the game's grass is what one draws on.
+    // A colour other than the game's grass that covers most of the page is its background.
     if (!most.empty() && most.front().first > samples_ / 2) {
         most.erase(most.begin());
     }

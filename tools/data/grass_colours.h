@@ -15,8 +15,8 @@ class GrassColours {
     void look_at(const std::uint32_t* row, const std::uint32_t* above, std::size_t count,
                  std::size_t step);
 
-    /// The colours worth a word, as "#c0c0c0", the most frequent first: neither the game's grass
-    /// nor the drawing's ground, and seen in more than a few spots.
+    /// The colours worth mentioning, as "#c0c0c0", the most frequent first: neither the game's
+    /// grass nor the drawing's background, and seen in more than a few spots.
     [[nodiscard]] std::vector<std::string> surprising() const;
 
   private:

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int LARGEST_IMPORT = 16384; // 1 GB while it is read
 
-// A measure beyond this is as certain as can be; so hard edges lie midway between two pixels.
+// Measures are limited to this, so that hard edges are midway between two pixels.
 constexpr int CERTAIN = 100;
 
 std::uint32_t on_white(const std::uint8_t* pixel) {

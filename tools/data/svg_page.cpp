@@ -41,7 +41,7 @@ std::string first_line(const GError* error) {
 }
 
 Owned<RsvgHandle> open_drawing(const std::filesystem::path& path) {
-    // librsvg's own words for a file that cannot be read do not name it.
+    // librsvg's own message about an unreadable file does not name it.
     std::FILE* file = std::fopen(path.c_str(), "rb");
     const bool readable = file != nullptr && (std::fgetc(file) != EOF || std::ferror(file) == 0);
     const int reason = errno;

@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Saving may be told in more notices than one; what was built is not built again.
+/// One save may cause several notices; what was already built is not built again.
 struct Watch {
     fs::path drawing;
     fs::path map;
@@ -79,7 +79,7 @@ void watch_drawing(const fs::path& drawing, const fs::path& map, std::ostream& o
     g_signal_connect(monitor, "changed", G_CALLBACK(on_change), &watch);
     std::error_code missing;
     if (fs::last_write_time(drawing) < fs::last_write_time(map, missing)) {
-        stat(drawing.c_str(), &watch.built); // is what the map was made of
+        stat(drawing.c_str(), &watch.built); // what the map was made from
     } else {
         watch.look();
     }

@@ -1,4 +1,4 @@
-// Where the demo's programs and the game's data lie.
+// Where the demo's programs and the game's data are.
 #pragma once
 
 #include <filesystem>

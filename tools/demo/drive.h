@@ -1,4 +1,4 @@
-// A whole drive: the game from its entry to its end with the pilot's hands on the queue.
+// A whole drive: the game from its entry to its end, with the pilot at its keys.
 #pragma once
 
 #include "tools/demo/course.h"
@@ -13,7 +13,7 @@ namespace tarvik::demo {
 /// cannot be driven. To be called once in a process, with the data folder in the working directory.
 int drive(const Options& options);
 
-/// What the drive has come to; for whoever watches it.
+/// How far the drive has got, for its onlookers.
 struct Standing {
     const Course* course = nullptr; ///< null before the track is loaded
     std::size_t place = 0;          ///< where on the course the car is

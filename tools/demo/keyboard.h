@@ -11,7 +11,7 @@ namespace tarvik::demo {
 
 class Keyboard {
   public:
-    /// Brings one key nearer to what is wished. To be called once a frame; `gear` is the car's, and
+    /// Moves one key towards what is wanted. To be called once a frame; `gear` is the car's, and
     /// tells whether a gear key has done its work.
     void act(const Wish& wish, int gear);
 

@@ -1,4 +1,4 @@
-// Keeps the book of laps: what was driven, in how many frames, and what went wrong.
+// Keeps a record of the laps: what was driven, in how many frames, and what went wrong.
 #pragma once
 
 #include "tools/demo/driver.h"

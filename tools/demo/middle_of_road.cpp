@@ -1,4 +1,4 @@
-// The cells of the game through the eyes of the track tools.
+// Hands the game's cells to the track tools.
 #include "tools/demo/middle_of_road.h"
 
 #include "race/track_grid.h"

@@ -42,7 +42,7 @@ class Pilot {
     /// To be called once a frame, before the frame's keys act.
     Wish decide(const CarView& car);
 
-    /// The car stands at the start again, or has completed a lap.
+    /// The car is back at the start, or has completed a lap.
     void find_place(Point at);
     void begin_lap();
 

@@ -1,4 +1,4 @@
-// A lap's frames are kept as they come and are only looked at when all is driven.
+// A lap's frames are only recorded during the drive, and evaluated at its end.
 #include "tools/demo/report.h"
 
 #include "platform/win32.h"

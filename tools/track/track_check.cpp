@@ -1,7 +1,7 @@
 // Whether a map can be raced: whether the road, with the box closed, leads once around and is wide
 // enough for a car; whether it encloses anything that a car could pass on either side; and whether
-// it is still the shortest way when all that is grey is grown to where two corners of a car on it
-// let the car be.
+// it is still the shortest way when everything grey is widened to where a car can be with two
+// corners on it.
 #include "tools/track/track_check.h"
 
 #include "tools/track/clearance.h"

@@ -27,8 +27,8 @@ struct TrackReport {
 };
 
 /// Looks at the start, the start/finish box, the loop and its width, the gate, shortcuts and what
-/// is beside the road. Later questions are left open where an earlier fault leaves them without
-/// meaning. The texts tell lengths and places in `units`, cells of findings stay cells.
+/// is beside the road. Later checks are skipped where an earlier fault makes them meaningless. The
+/// texts give lengths and places in `units`; the cells of findings stay cells.
 TrackReport check_track(TrackView track, const Units& units = {});
 
 } // namespace tarvik

@@ -1,4 +1,4 @@
-// Numbers in the units of a drawing, as short as they can be told.
+// Numbers in the units of a drawing, as short as possible.
 #include "tools/track/units.h"
 
 #include <cmath>

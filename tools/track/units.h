@@ -5,8 +5,8 @@
 
 namespace tarvik {
 
-/// What the findings of a check are told in. By itself the cells of the map; for a drawing its own
-/// units, so that its author finds the place.
+/// The units of a check's findings: by default the cells of the map, for a drawing its own units,
+/// so that its author finds the place.
 struct Units {
     double cells_a_unit = 1;
     double left = 0; ///< of the page in the drawing's units

@@ -59,7 +59,7 @@ std::vector<Cell> islands(int side, const std::vector<Cell>& road) {
     return result;
 }
 
-// What of one way is not side by side with the other, from the first such cell to the last.
+// The part of one way that does not run beside the other, from the first such cell to the last.
 std::vector<Cell> apart(const std::vector<Cell>& way, const std::vector<Cell>& other) {
     std::set<std::pair<int, int>> near;
     for (const Cell cell : other) {

@@ -12,7 +12,7 @@ namespace tarvik {
 
 inline constexpr double TOP_SPEED = 3.3034; ///< cells a frame, the most the highest gear can reach
 
-/// A shorter way back to the start is no lap: so far a car can get before a lap counts.
+/// A way shorter than this is no lap: a car can get this far before a lap counts.
 inline constexpr double SHORTEST_LAP = MIN_LAP_FRAMES * TOP_SPEED;
 
 /// What saves less than this, about a third of a second, is no shortcut.
@@ -38,7 +38,7 @@ double length_of(const std::vector<Cell>& way); ///< cells
 /// Once around in the middle of the road, from the box up to the start and on to the box.
 struct Round {
     bool is_closed = false;
-    Cell end; ///< where the road ends that is not closed
+    Cell end; ///< where a road that is not closed ends
     std::vector<Cell> way;
 };
 Round once_around(TrackView track, const Clearance& clearance);
