@@ -71,12 +71,12 @@ window.tarvik = { pictures: 0, laps: [], touch: matchMedia('(pointer: coarse)') 
       await document.exitFullscreen();
     } else {
       await picture.requestFullscreen({ navigationUI: 'hide' });
-      screen.orientation?.lock?.('landscape').catch(() => {}); // only telephones and tablets can
+      screen.orientation?.lock?.('landscape').catch(() => {}); // only phones and tablets can
     }
   }
 
   for (const button of buttons) {
-    button.hidden = !document.fullscreenEnabled; // a telephone's browser may have none
+    button.hidden = !document.fullscreenEnabled; // a phone's browser may have none
     button.addEventListener('click', () => {
       (isDriving() ? canvas : document.getElementById('start')).focus({ preventScroll: true });
       toggleFullScreen().catch(console.warn);

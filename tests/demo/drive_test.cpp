@@ -20,7 +20,7 @@ constexpr double TOP = 1700.0;
 constexpr double BOTTOM = 3300.0;
 constexpr double HAIRPIN_RADIUS = 60.0;
 constexpr double HALF_ROAD = 42.0;
-// Beside the gate the road is so narrow that nobody misses the box.
+// At the gate the road is so narrow that nobody misses the box.
 constexpr double HALF_GATE = 11.0;
 constexpr double FUNNEL = 400.0;
 
@@ -66,8 +66,8 @@ Options two_laps() {
     return options;
 }
 
-// 3577 cells a lap. The hairpins want to be braked for: at top speed they take 19 steering frames
-// in a row, and the car slides from the 16th on.
+// 3577 cells a lap. The hairpins need braking: at top speed they take 19 steering frames in a row,
+// and the car slides from the 16th on.
 TEST(Drive, KeepsTheCarOnTheRoadThroughHairpins) {
     lay_track(false);
     EXPECT_EQ(drive(two_laps()), EXIT_SUCCESS);
@@ -75,7 +75,7 @@ TEST(Drive, KeepsTheCarOnTheRoadThroughHairpins) {
     EXPECT_EQ(difficulty, EASY);
     EXPECT_EQ(penalty[PLAYER_SLOT], 0.0F);
     EXPECT_GT(last_cycle[PLAYER_SLOT], 3577.0 / 3.3);
-    EXPECT_LT(last_cycle[PLAYER_SLOT], 3577.0 / 2.2); // gears and brakes used to some purpose
+    EXPECT_LT(last_cycle[PLAYER_SLOT], 3577.0 / 2.2); // gears and brakes were put to use
 }
 
 TEST(Drive, RefusesATrackThatLeadsNowhere) {

@@ -1,4 +1,4 @@
-// The command line: what is taken, and what is answered with one line and exit code 1.
+// The command line: what is accepted, and what is refused with one line and exit code 1.
 #include "tools/demo/options.h"
 
 #include <algorithm>
@@ -65,7 +65,7 @@ TEST(DemoOptions, AnswersFaultsWithOneLineAndExitCodeOne) {
     }
 }
 
-TEST(DemoOptions, HelpIsNoFault) {
+TEST(DemoOptions, HelpExitsWithCodeZero) {
     testing::internal::CaptureStdout();
     const ParsedOptions parsed = parse({"--help"});
     EXPECT_NE(testing::internal::GetCapturedStdout().find("--headless"), std::string::npos);

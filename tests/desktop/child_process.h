@@ -33,8 +33,8 @@ class ChildProcess {
     bool is_running();
     void send(int signal) const;
 
-    /// The exit code; -signal where a signal ended it; nothing while it still runs at the end of
-    /// the patience.
+    /// The exit code; -signal where a signal ended it; nothing if it still runs when patience runs
+    /// out.
     std::optional<int> wait(std::chrono::milliseconds patience = std::chrono::seconds(30));
 
   private:

@@ -43,7 +43,7 @@ class Controllers : public testing::Test {
 
 } // namespace
 
-TEST_F(Controllers, AKeyIsDownUntilAllHaveLetGoOfIt) {
+TEST_F(Controllers, AKeyStaysDownUntilEveryControlReleasesIt) {
     keys_.set_button(1, TRIGGER, 1);
     EXPECT_EQ(frame(), (Changes{VK_UP}));
     keys_.set_button(2, BOTTOM_BUTTON, 1);
@@ -58,8 +58,8 @@ TEST_F(Controllers, AKeyIsDownUntilAllHaveLetGoOfIt) {
     EXPECT_EQ(frame(), Changes{});
 }
 
-// A gear's press and release are one, for its key is consumed anyway.
-TEST_F(Controllers, AShoulderCountsOnceHoweverLongAndAsOftenAsItIsPressed) {
+// A gear's press and release come together, as its key is consumed anyway.
+TEST_F(Controllers, EachShoulderPressCountsOnceHoweverLong) {
     keys_.set_button(1, SHOULDER, 1);
     EXPECT_EQ(frame(), (Changes{'A', -'A'}));
     EXPECT_EQ(frame(), Changes{});
@@ -70,7 +70,7 @@ TEST_F(Controllers, AShoulderCountsOnceHoweverLongAndAsOftenAsItIsPressed) {
     EXPECT_EQ(frame(), (Changes{'A', -'A', 'A', -'A'}));
 }
 
-TEST_F(Controllers, StartTappedDuringAWaitHoldsForAFrame) {
+TEST_F(Controllers, StartTappedDuringAWaitIsDownForOneFrame) {
     keys_.set_button(1, START, 1);
     keys_.set_button(1, START, 0);
     frame();
@@ -79,7 +79,7 @@ TEST_F(Controllers, StartTappedDuringAWaitHoldsForAFrame) {
     EXPECT_FALSE(keys_.holds(VK_ESCAPE));
 }
 
-TEST_F(Controllers, ATremblingAxisIsQuietAndAMadOneLeavesRoomInTheQueue) {
+TEST_F(Controllers, AJitteryAxisIsIgnoredAndAWildOneDoesNotFloodTheQueue) {
     std::minstd_rand random(1);
     std::uniform_real_distribution<float> tremble(-0.09F, 0.09F);
     keys_.set_axis(1, STEERING, -1);

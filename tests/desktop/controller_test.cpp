@@ -16,8 +16,8 @@ namespace tarvik {
 
 namespace {
 
-/// A step of the test: what is done, and what has to come of it within some frames. A step without
-/// a condition looks, after `STILL` frames, whether Up is down.
+/// A step of the test: what is done, and what it has to cause within some frames. A step without a
+/// condition checks, after `STILL` frames, whether Up is down.
 struct Step {
     const char* what;
     void (*act)();
@@ -118,7 +118,7 @@ TEST_F(Play, AControllerDrivesWheneverItIsPluggedIn) {
     set_frame_hook(play_on);
     char no_command_line[] = "";
     EXPECT_EQ(WinMain(GetModuleHandleA(nullptr), nullptr, no_command_line, SW_SHOW), 0);
-    // The frame that ends the race has no successor to look at it.
+    // No later frame could check the frame that ends the race.
     EXPECT_EQ(step, std::end(STEPS) - 1) << step->what;
     EXPECT_TRUE(frames_in_step <= PATIENCE && GetAsyncKeyState(VK_ESCAPE) < 0);
     close_display();

@@ -1,4 +1,4 @@
-// Whatever stands where the data should be, the game starts, plays on without it, and ends.
+// Whatever is there instead of the data, the game starts, plays on without it, and ends.
 #include "tests/desktop/play_fixture.h"
 
 #include <atomic>
@@ -38,7 +38,7 @@ class DataFault : public PlayTest {
         }
     }
 
-    /// With the started game: the view has a colour, the other track's key works, pictures come,
+    /// With the started game: the view has a colour, the other track's key works, frames come,
     /// Escape ends it.
     void expect_play(unsigned long colour) {
         EXPECT_TRUE(player_.finds_game_with(colour, BARE_PLACE.x, BARE_PLACE.y));
@@ -78,7 +78,7 @@ void make_file(const fs::path& path, fs::perms permissions) {
 
 } // namespace
 
-TEST_F(DataFault, AnythingButAFileInAFilesPlace) {
+TEST_F(DataFault, SomethingElseInPlaceOfAFile) {
     const std::pair<const char*, std::function<void(const fs::path&)>> cases[] = {
         {"a folder", [](const fs::path& path) { fs::create_directory(path); }},
         {"a pipe", [](const fs::path& path) { mkfifo(path.c_str(), 0666); }},
@@ -102,7 +102,7 @@ TEST_F(DataFault, AnythingButAFileInAFilesPlace) {
     }
 }
 
-TEST_F(DataFault, NoFolder) {
+TEST_F(DataFault, MissingFolder) {
     fs::remove_all(data());
     start_game(server_.display());
     expect_play(GRASS_COLOUR);
@@ -118,7 +118,7 @@ TEST_F(DataFault, NoFolder) {
     expect_play(GRASS_COLOUR);
 }
 
-TEST_F(DataFault, AWorkingFolderThatIsGone) {
+TEST_F(DataFault, DeletedWorkingFolder) {
     const fs::path gone = folder_ / "gone";
     fs::create_directory(gone);
     start_game(server_.display(),
@@ -126,8 +126,8 @@ TEST_F(DataFault, AWorkingFolderThatIsGone) {
     expect_play(GRASS_COLOUR);
 }
 
-// Root may enter every folder, so the game is somebody else then.
-TEST_F(DataFault, AFolderThatMayNotBeEnteredOrWritten) {
+// Root may enter every folder, so the game runs as another user then.
+TEST_F(DataFault, FolderWithoutPermissions) {
     Command command = {TARVIK_PROGRAM};
     if (geteuid() == 0) {
         command.insert(command.begin(), {"setpriv", "--reuid=65534", "--clear-groups"});
@@ -150,7 +150,7 @@ TEST_F(DataFault, AFolderThatMayNotBeEnteredOrWritten) {
     fs::permissions(data(), fs::perms::all);
 }
 
-TEST_F(DataFault, ADiskTooFullForEvenAnEmptyFile) {
+TEST_F(DataFault, FullDisk) {
     fs::remove_all(data());
     fs::create_directory(data());
     // One inode, which the folder itself takes.
@@ -165,7 +165,7 @@ TEST_F(DataFault, ADiskTooFullForEvenAnEmptyFile) {
 }
 
 // The bracket key, held, loads a track in every frame while somebody cuts and fills the file.
-TEST_F(DataFault, AFileThatShrinksAndGrowsWhileItIsRead) {
+TEST_F(DataFault, FileThatShrinksAndGrowsWhileItIsRead) {
     constexpr std::uintmax_t MAP_BYTES = 100'000'000;
     for (const char* file : {"race2.map", "graphics.dat"}) {
         fs::remove(data() / file);

@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 
 using Ending = PlayTest;
 
-constexpr std::chrono::milliseconds AT_ONCE = 10s; // on a machine that does much else
+constexpr std::chrono::milliseconds AT_ONCE = 10s; // on a busy machine
 
 } // namespace
 
@@ -33,7 +33,7 @@ TEST_F(Ending, TheDisplayGoesAway) {
     EXPECT_EQ(read(folder_ / "errors"), "tarvik: the display has been taken away\n");
 }
 
-TEST_F(Ending, SomebodyTakesTheConnectionOrTheWindow) {
+TEST_F(Ending, TheConnectionIsKilledOrTheWindowDestroyed) {
     expected_exit_code_ = 1;
     start_race();
     XKillClient(player_.display(), player_.window());
@@ -50,7 +50,7 @@ TEST_F(Ending, SomebodyTakesTheConnectionOrTheWindow) {
     }
 }
 
-TEST_F(Ending, ClosedDuringTheWaitOfAGear) {
+TEST_F(Ending, ClosedDuringAGearChange) {
     start_race();
     player_.tap(XK_a);
     std::this_thread::sleep_for(100ms);
@@ -69,7 +69,7 @@ TEST_F(Ending, SignalsThatWereIgnoredBeforeStayIgnored) {
 }
 
 // While it is held, 1 would win over 3 again and again.
-TEST_F(Ending, AHaltIsNotMadeUpForAndLeavesNoKeyBehind) {
+TEST_F(Ending, AHaltIsNotMadeUpForAndLeavesNoKeyDown) {
     start_race();
     const Pixels advanced = player_.look_at(DIFFICULTY);
     player_.press(XK_1);
@@ -89,7 +89,7 @@ TEST_F(Ending, AHaltIsNotMadeUpForAndLeavesNoKeyBehind) {
 }
 
 // Neither the display's connection nor a map may take the number of a closed stream.
-TEST_F(Ending, ClosedStandardStreamsLeadNowhere) {
+TEST_F(Ending, ClosedStandardStreamsGoToDevNull) {
     start_game(server_.display(), {"sh", "-c", "exec '" TARVIK_PROGRAM "' <&- >&- 2>&-"});
     ASSERT_TRUE(player_.finds_game_with(MARKER_COLOUR, MARKER_AT_START.x, MARKER_AT_START.y));
     for (const char* stream : {"0", "1", "2"}) {
@@ -100,7 +100,7 @@ TEST_F(Ending, ClosedStandardStreamsLeadNowhere) {
     EXPECT_EQ(game_->wait(AT_ONCE), 0);
 }
 
-TEST_F(Ending, NobodyListensToStandardError) {
+TEST_F(Ending, StandardErrorHasNoReader) {
     expected_exit_code_ = 1;
     int ends[2] = {};
     ASSERT_EQ(pipe(ends), 0);

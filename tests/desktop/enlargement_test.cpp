@@ -50,7 +50,7 @@ bool is_enlarged(const Player& player, const Pixels& small, const Screen& screen
 
 } // namespace
 
-TEST_F(Enlargement, FullScreenHasWholeBlocksAndTheWayBackIsExact) {
+TEST_F(Enlargement, FullScreenUsesWholeBlocksAndLeavingItRestoresTheWindow) {
     for (const Screen& screen : {Screen{1280, 720, 3}, Screen{1366, 768, 3}, Screen{1920, 1080, 4},
                                  Screen{3840, 2160, 9}}) {
         SCOPED_TRACE(screen.width);
@@ -93,14 +93,14 @@ TEST_F(Enlargement, FullScreenHasWholeBlocksAndTheWayBackIsExact) {
         const Pixels difficulty = player.look_at(DIFFICULTY);
         player.tap(XK_1); // Alt is not stuck
         EXPECT_TRUE(player.waits_until([&] { return player.look_at(DIFFICULTY) != difficulty; }));
-        game_.reset(); // its display goes now
+        game_.reset(); // its display is going away
     }
 }
 
 // As a tiling window manager does, and on to a window that is smaller than the picture.
-TEST_F(Enlargement, WhateverSizeOthersGiveTheWindow) {
+TEST_F(Enlargement, ThePictureFitsAWindowOfAnySize) {
     start_race();
-    player_.move_mouse_to(1000, 600); // where it puts no pointer into the picture
+    player_.move_mouse_to(1000, 600); // so that no pointer is in the picture
     const Pixels small = player_.look_at({0, 0, SMALL_WIDTH, SMALL_HEIGHT});
     for (const Screen& tile : {Screen{1001, 733, 3}, Screen{639, 700, 1}, Screen{200, 150, 1}}) {
         XMoveResizeWindow(player_.display(), player_.window(), 0, 0,
@@ -110,7 +110,7 @@ TEST_F(Enlargement, WhateverSizeOthersGiveTheWindow) {
     }
 }
 
-TEST_F(Enlargement, OnADenseDesktopTheWindowComesUpLarger) {
+TEST_F(Enlargement, TheWindowOpensLargerOnADenseDesktop) {
     const XServer dense({"-screen", "0", "1920x1080x24"});
     Player player(dense.display());
     const std::string resources = "Xft.dpi:\t192\n";

@@ -61,7 +61,7 @@ TEST_F(Files, BackslashesAreSlashesAndReadsGoOnWhereTheLastOneEnded) {
     EXPECT_FALSE(CloseHandle(file));
 }
 
-TEST_F(Files, AMissingFileIsCreatedEmptyButNoFolder) {
+TEST_F(Files, AMissingFileIsCreatedEmptyButAFolderIsNot) {
     const HANDLE file = open(".\\race1.map");
     ASSERT_NE(file, INVALID_HANDLE_VALUE);
     CloseHandle(file);
@@ -71,7 +71,7 @@ TEST_F(Files, AMissingFileIsCreatedEmptyButNoFolder) {
     EXPECT_FALSE(fs::exists("data"));
 }
 
-TEST_F(Files, WhatHasNoNameIsNotOpened) {
+TEST_F(Files, AnEmptyNameIsNotOpened) {
     EXPECT_EQ(open(""), INVALID_HANDLE_VALUE);
     EXPECT_EQ(open(nullptr), INVALID_HANDLE_VALUE);
 }

@@ -1,4 +1,4 @@
-// Archives that are full, far too large or lying, as real files: frames come at their usual pace,
+// Archives that are full, far too large or false, as real files: frames come at their usual pace,
 // and memory grows by what the file holds, up to the reader's limits.
 #include "tests/desktop/play_fixture.h"
 
@@ -22,7 +22,7 @@ constexpr unsigned long ROAD_COLOUR = 0x3C3C3C;
 constexpr int RECORDS = 1400;
 constexpr std::uintmax_t FIVE_GIGABYTES = 5'000'000'000;
 constexpr std::size_t MEBIBYTE = 1024 * 1024;
-constexpr std::int32_t WIDEST = 26754; // of all squares whose bytes 31 bits can count
+constexpr std::int32_t WIDEST = 26754; // of all squares whose bytes fit 31 bits
 
 struct Record {
     std::int32_t width = 0;
@@ -101,12 +101,12 @@ std::size_t peak_memory(pid_t process) {
 class HostileArchive : public PlayTest {
   protected:
     void expect_usual_play(unsigned long colour, std::size_t held) {
-        constexpr int USUAL_PACE = 58; // in whole pictures of a second, which begins anywhere
+        constexpr int USUAL_PACE = 58; // whole frames in a second that begins anywhere
         constexpr int MOST_SECONDS = 20;
         constexpr std::size_t WHAT_VARIES = 8 * MEBIBYTE;
         const auto start = std::chrono::steady_clock::now();
         start_game(server_.display());
-        bool found = false; // gigabytes may have to be read, beside other programs' reading
+        bool found = false; // gigabytes may have to be read while other programs read too
         for (int attempt = 0; attempt < 6 && !found; ++attempt) {
             found = player_.finds_game_with(colour, 600, 300);
         }

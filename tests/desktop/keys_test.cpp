@@ -1,4 +1,4 @@
-// Which message the keys of different keyboards and layouts make.
+// Which messages the keys of different keyboards and layouts make.
 #include "platform/common/keys.h"
 
 #include <gtest/gtest.h>
@@ -38,7 +38,7 @@ UINT message_of(const KeyChange& change) {
 
 } // namespace
 
-TEST(Keys, LettersGoByTheCharacterDigitsAndBracketsByThePlace) {
+TEST(Keys, LettersGoByCharacterDigitsAndBracketsByPosition) {
     EXPECT_EQ(plain_key(PLACE_A, 'a'), 'A');
     // A French keyboard.
     EXPECT_EQ(plain_key(PLACE_Q, 'a'), 'A');
@@ -52,12 +52,12 @@ TEST(Keys, LettersGoByTheCharacterDigitsAndBracketsByThePlace) {
     EXPECT_EQ(plain_key(PLACE_RIGHT_BRACKET, '$'), VK_OEM_6);
 }
 
-TEST(Keys, LettersOfAnotherAlphabetKeepTheUsPlaces) {
+TEST(Keys, OtherAlphabetsKeepTheUsLetterPositions) {
     EXPECT_EQ(plain_key(PLACE_A, 0x444), 'A');
     EXPECT_EQ(plain_key(PLACE_LEFT_BRACKET, 0x445), VK_OEM_4);
 }
 
-TEST(Keys, TheBrowsersNamesLeadToTheSamePlaces) {
+TEST(Keys, BrowserNamesLeadToTheSamePositions) {
     EXPECT_EQ(place_of_web_code("KeyA"), PLACE_A);
     EXPECT_EQ(place_of_web_code("Digit0"), PLACE_0);
     EXPECT_EQ(place_of_web_code("BracketRight"), PLACE_RIGHT_BRACKET);
@@ -110,7 +110,7 @@ TEST(Keys, TheMessageTellsPressRepeatAndReleaseApart) {
     EXPECT_EQ(message.lparam, 1 | KEY_WAS_DOWN | KEY_RELEASED);
 }
 
-TEST(Keys, NoPlaceHasTwoCodes) {
+TEST(Keys, NoPositionHasTwoCodes) {
     std::set<int> places;
     for (const Key& key : all_keys()) {
         EXPECT_TRUE(places.insert(key.place).second) << "place " << int{key.place};

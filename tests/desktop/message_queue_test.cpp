@@ -1,4 +1,4 @@
-// What waits in the queue, in which order, and what merges.
+// What waits in the queue, in which order, and what is merged.
 #include "platform/common/message_queue.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// When the next picture is due.
+// When the next frame is due.
 #include "platform/common/pacing.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@ constexpr PictureClock::time_point START{1h};
 
 } // namespace
 
-TEST(Pacing, SixtyPicturesTakeASecondHoweverLateSingleOnesAre) {
+TEST(Pacing, SixtyFramesTakeASecondEvenIfSomeAreLate) {
     PictureClock::time_point due = START;
     for (int picture = 0; picture < 60; ++picture) {
         const auto lateness = picture % 7 * 1ms;
@@ -28,6 +28,6 @@ TEST(Pacing, AHaltIsNotMadeUpFor) {
     EXPECT_EQ(next_due(due, after_halt + 1ms), after_halt + PICTURE_TIME);
 }
 
-TEST(Pacing, TheVeryFirstPictureStartsThePace) {
+TEST(Pacing, TheFirstFrameStartsThePace) {
     EXPECT_EQ(next_due(PictureClock::time_point{}, START), START);
 }

@@ -15,7 +15,7 @@
 
 namespace tarvik {
 
-// Where two of the status texts stand.
+// Where two of the status texts are.
 inline constexpr Area GEAR = {56, 58, 80, 22};
 inline constexpr Area DIFFICULTY = {56, 86, 110, 22};
 
@@ -26,7 +26,7 @@ inline constexpr int MARKER_SIZE = 16;
 inline constexpr Area MARKER_AT_START = {304 + MARKER_SIZE, 64 + MARKER_SIZE, 1, 1};
 inline constexpr int POINTER_SIZE = 4;
 
-/// How many pictures the window shows in the second that begins now.
+/// How many frames the window shows in the second that begins now.
 int pictures_in_a_second(Player& player);
 
 bool is_one_line(const std::string& text);
@@ -37,11 +37,11 @@ void make_data(const std::filesystem::path& folder);
 class PlayTest : public testing::Test {
   protected:
     void SetUp() override;
-    /// A game that has ended by then has to have done so in order, without a word.
+    /// A game that has ended by then must have ended normally and silently.
     void TearDown() override;
 
-    /// Starts the game and waits until the car stands at the start, or throws. The very first
-    /// picture still shows another part of the track.
+    /// Starts the game and waits until the car is at the start, or throws. The very first frame
+    /// still shows another part of the track.
     void start_race();
 
     using Command = std::vector<std::string>;

@@ -17,7 +17,7 @@ using Play = PlayTest;
 
 } // namespace
 
-TEST_F(Play, TheWindowStandsBareInTheMiddleOfTheScreen) {
+TEST_F(Play, TheWindowIsBorderlessAndCentred) {
     start_race();
     XWindowAttributes window{};
     XGetWindowAttributes(player_.display(), player_.window(), &window);
@@ -77,7 +77,7 @@ TEST_F(Play, AHeldKeyRepeats) {
 }
 
 // On a French keyboard A and Q have changed places, and the digits need Shift.
-TEST_F(Play, LettersFollowTheLayoutAndDigitsTheirPlace) {
+TEST_F(Play, LettersFollowTheLayoutAndDigitsTheirPosition) {
     const unsigned int place_of_q = XKeysymToKeycode(player_.display(), XK_q);
     const unsigned int place_of_a = XKeysymToKeycode(player_.display(), XK_a);
     const unsigned int place_of_1 = XKeysymToKeycode(player_.display(), XK_1);
@@ -111,7 +111,7 @@ TEST_F(Play, TheMousePutsThePointerAtTwiceItsDistance) {
         return player_.look_at({200, 100, 1, 1}) == Pixels{POINTER_COLOUR} &&
                player_.look_at({199, 100, 1, 1}) != Pixels{POINTER_COLOUR};
     }));
-    player_.move_mouse_to(-30, 50); // outside, where the game hears nothing of it
+    player_.move_mouse_to(-30, 50); // outside, where the game is not told of it
     player_.tap(XK_1);
     player_.watch_pictures();
     ASSERT_TRUE(player_.waits_until([this] { return player_.count_pictures() > 5; }));
@@ -131,7 +131,7 @@ TEST_F(Play, AltF4AndF10DoNothing) {
     player_.tap(XK_a);
     player_.release(XK_Alt_L);
     player_.tap(XK_F10);
-    player_.tap(XK_1); // its effect shows that all of these have been handled
+    player_.tap(XK_1); // once it takes effect, all of these have been handled
     EXPECT_TRUE(player_.waits_until([&] { return player_.look_at(DIFFICULTY) != difficulty; }));
     EXPECT_EQ(player_.look_at(GEAR), gear);
     EXPECT_TRUE(game_->is_running());
@@ -161,10 +161,10 @@ TEST_F(Play, AKeyHeldWhileTheFocusLeavesStaysDown) {
     EXPECT_TRUE(player_.waits_until([&] { return player_.look_at(DIFFICULTY) == easy; }));
 }
 
-TEST_F(Play, SignalsEndTheGameInOrderAlsoDuringAWait) {
+TEST_F(Play, SignalsEndTheGameCleanlyEvenDuringAWait) {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         start_race();
-        player_.press(XK_F1); // stands still for 400 ms, again and again
+        player_.press(XK_F1); // stops for 400 ms, again and again
         std::this_thread::sleep_for(100ms);
         game_->send(signal);
         EXPECT_EQ(game_->wait(), 0);
@@ -181,7 +181,7 @@ TEST_F(Play, WithoutADisplayOneLineSaysSo) {
     }
 }
 
-TEST_F(Play, WithoutOpenGLItPlaysAllTheSame) {
+TEST_F(Play, ItPlaysWithoutOpenGL) {
     const XServer bare({"-extension", "GLX"});
     Player there(bare.display());
     start_game(bare.display(), {}, {{"SDL_RENDER_DRIVER", "opengl"}});

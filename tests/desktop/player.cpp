@@ -173,7 +173,7 @@ void Player::read_events() {
         XEvent event;
         XNextEvent(display_, &event);
         shown_windows_ += event.type == MapNotify ? 1 : 0;
-        // A picture reaches the window in one piece.
+        // A frame reaches the window in one piece.
         pictures_ += damage_event_ >= 0 && event.type == damage_event_ + XDamageNotify ? 1 : 0;
     }
 }

@@ -28,7 +28,7 @@ class Player {
     Player& operator=(const Player&) = delete;
     ~Player();
 
-    /// Waits for the game's window and for a picture in it that has a certain colour at a place.
+    /// Waits for the game's window and for a frame in it that has a certain colour at a place.
     bool finds_game_with(unsigned long colour, int x, int y);
 
     /// Number of windows that have been shown since this player came.
@@ -61,11 +61,11 @@ class Player {
     /// Sends what a window manager's close button does.
     void ask_to_close() const;
 
-    /// From here on counts the pictures that the window shows.
+    /// From here on counts the frames that the window shows.
     void watch_pictures();
     int count_pictures();
 
-    /// Waits for the next picture.
+    /// Waits for the next frame.
     void wait_for_picture();
 
   private:

@@ -1,4 +1,4 @@
-// How fast pictures and keys come, measured from outside.
+// How fast frames and keys come, measured from outside.
 #include "tests/desktop/play_fixture.h"
 
 #include <algorithm>
@@ -29,7 +29,7 @@ double pictures_a_second(Player& player, Clock::duration time) {
     return (player.count_pictures() - first) / seconds.count();
 }
 
-// A thousand mouse moves a second, made up for where the machine is late.
+// A thousand mouse moves a second; late ones are caught up on.
 class MouseFlood {
   public:
     explicit MouseFlood(const std::string& display)
@@ -63,7 +63,7 @@ class MouseFlood {
 
 // A busy machine can make it slower for a while, so the best second counts; nothing may make it
 // faster.
-TEST_F(Timing, SixtyPicturesASecond) {
+TEST_F(Timing, SixtyFramesASecond) {
     constexpr int FEWEST_SECONDS = 4;
     constexpr int MOST_SECONDS = 20;
     start_race();
@@ -81,9 +81,8 @@ TEST_F(Timing, SixtyPicturesASecond) {
     EXPECT_LE(sum / seconds, 61.0);
 }
 
-// From the press of a key to the picture that shows its effect there are three pictures: the one
-// being drawn, the one whose frame takes the key, and the next one with the new text. Two more are
-// allowed.
+// From the press of a key to the frame that shows its effect there are three frames: the one being
+// drawn, the one that takes the key, and the next one with the new text. Two more are allowed.
 TEST_F(Timing, AFloodOfMouseMovesDoesNotDelayAKey) {
     constexpr int MOST_PICTURES = 3 + 2;
     start_race();

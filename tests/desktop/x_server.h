@@ -1,4 +1,4 @@
-// A display of its own for a test, without a screen: tests running at once do not meet.
+// A display of its own for a test, without a screen: tests running at once do not interfere.
 #pragma once
 
 #include "tests/desktop/child_process.h"

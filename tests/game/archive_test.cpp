@@ -1,4 +1,4 @@
-// The graphics archive, whole, cut and lying.
+// The graphics archive: whole, truncated and false.
 #include "platform/scripted/scripted.h"
 #include "render/frame_buffer.h"
 #include "render/graphics_archive.h"
@@ -36,7 +36,7 @@ class Archive : public testing::Test {
                sprite.bytes_per_pixel == 0;
     }
 
-    /// Bytes of addresses that this process uses now.
+    /// Bytes of address space that this process uses now.
     static rlim_t address_space() {
         rlim_t pages = 0;
         std::ifstream("/proc/self/statm") >> pages;
@@ -81,7 +81,7 @@ TEST_F(Archive, ReadsTheProductAsASigned32BitNumber) {
     EXPECT_EQ(sprite_table[6].pixels[2], 3);
 }
 
-TEST_F(Archive, ACutHeaderOrBodyLeavesWhatWasThere) {
+TEST_F(Archive, ATruncatedFileKeepsWhatItHeld) {
     const auto whole = archive_of({{0, 300, 2, 3, counting_bytes(1800)}});
     struct Cut {
         std::size_t length;
@@ -103,7 +103,7 @@ TEST_F(Archive, ACutHeaderOrBodyLeavesWhatWasThere) {
     EXPECT_EQ(sprite_table[0].pixels[4], 0);
 }
 
-TEST_F(Archive, OrdinaryPicturesInEverySlotAreReadByOneCallEachKeptAndDrawnWhole) {
+TEST_F(Archive, OrdinaryPicturesInEverySlotAreEachReadInOneCallAndDrawnWhole) {
     create_frame_buffer();
     for (const auto& [side, pictures_held] : {std::pair(256, 251), {128, SPRITE_COUNT}}) {
         const std::size_t size = static_cast<std::size_t>(side) * side * 3;
@@ -138,7 +138,7 @@ TEST_F(Archive, OrdinaryPicturesInEverySlotAreReadByOneCallEachKeptAndDrawnWhole
     release_frame_buffer();
 }
 
-TEST_F(Archive, OfAnEnormousPictureTheStartIsKeptAndTheNextRecordFound) {
+TEST_F(Archive, AnEnormousPictureIsCutAndTheNextRecordFound) {
     constexpr std::int32_t SIDE = 4800; // 69 MB
     auto bytes =
         archive_of({{30, SIDE, SIDE, 3, std::vector<std::uint8_t>(std::size_t{SIDE} * SIDE * 3, 5)},
@@ -163,7 +163,7 @@ TEST_F(Archive, OfAnEnormousPictureTheStartIsKeptAndTheNextRecordFound) {
     EXPECT_TRUE(is_empty(31));
 }
 
-TEST_F(Archive, ManyEnormousPicturesAreKeptUpToAGigabyteAndReadUpToSomeMore) {
+TEST_F(Archive, ManyEnormousPicturesAreKeptUpToAGigabyteAndSkippedUpToALimit) {
     // A file of nothing but this header: each picture ends where its bytes are a header again.
     constexpr std::int32_t SIDE = 5478;
     constexpr std::uint64_t CLAIMED = std::uint64_t{SIDE} * SIDE * 3; // 90 MB
@@ -192,7 +192,7 @@ TEST_F(Archive, ManyEnormousPicturesAreKeptUpToAGigabyteAndReadUpToSomeMore) {
 }
 
 #ifndef __SANITIZE_ADDRESS__ // which takes terabytes of addresses for itself
-TEST_F(Archive, APictureThatThereIsNoMemoryForIsEmptyAndTheNextOneIsRead) {
+TEST_F(Archive, APictureTooLargeForMemoryIsEmptyAndTheNextOneIsRead) {
     auto bytes = archive_of(
         {{0, 4000, 4000, 3, std::vector<std::uint8_t>(48000000, 5)}, {1, 1, 1, 3, {1, 2, 3}}});
     const rlimit little{.rlim_cur = address_space() + 8'000'000, .rlim_max = RLIM_INFINITY};

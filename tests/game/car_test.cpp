@@ -100,7 +100,7 @@ TEST_F(Car, DrawsANumberFromHalfACellAFrameOn) {
     EXPECT_EQ(rand(), draws.next());
 }
 
-// What is drawn and driven rounds small differences away, but a long race adds them up.
+// Drawing and driving round small differences away, but a long race adds them up.
 TEST_F(Car, TurnsDegreesIntoRadiansInDoublePrecision) {
     const double radians = 1e7 * (3.141592653 / 180.0);
     EXPECT_FLOAT_EQ(step_along(1e7F, 100.0).x, static_cast<float>(100.0 * std::sin(radians)));

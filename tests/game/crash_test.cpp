@@ -29,7 +29,7 @@ class Crash : public RaceTest {
     }
 };
 
-TEST_F(Crash, AdvancedTakesThreeCornersAndNoChance) {
+TEST_F(Crash, AdvancedResetsAtThreeCornersWithoutChance) {
     for (const std::uint32_t seed : {1U, 2U, 3U}) {
         EXPECT_FALSE(resets(ADVANCED, 2, seed));
         EXPECT_TRUE(drew_nothing_since(seed));
@@ -39,7 +39,7 @@ TEST_F(Crash, AdvancedTakesThreeCornersAndNoChance) {
     }
 }
 
-TEST_F(Crash, EasierLevelsLeaveItToTheirDraw) {
+TEST_F(Crash, EasierLevelsResetByChance) {
     int though_resets = 0;
     int easy_resets = 0;
     for (std::uint32_t i = 0; i < 4000; ++i) {

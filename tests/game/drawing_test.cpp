@@ -61,7 +61,7 @@ TEST_F(Drawing, StoresTheBottomRowFirstAndDropsWhatIsOutside) {
     EXPECT_EQ(pixels_of(frame_buffer_copy(), YELLOW), "");
 }
 
-TEST_F(Drawing, SpritesLeaveBlackOutAndNothingElse) {
+TEST_F(Drawing, OnlyBlackPixelsOfSpritesAreTransparent) {
     Image image = plain_image(30, 2, {0, 0, 1});
     image.bytes[5] = 0; // second pixel black
     load_image(image);
@@ -119,7 +119,7 @@ TEST_F(Drawing, OddlyShapedSpritesShowOnlyWhatTheyHold) {
     EXPECT_EQ(pixels_of(frame_buffer_copy(), {9, 9, 9}), "");
 }
 
-TEST_F(Drawing, AWideSpriteShowsWhatItHoldsWhereverItStands) {
+TEST_F(Drawing, AWideSpriteShowsWhatItHoldsWhereverItIsDrawn) {
     constexpr std::int32_t WIDTH = 26754; // whose square just fits the archive's sizes
     constexpr int HELD = WIDTH + 2;       // one row and two pixels
     load_image({30, WIDTH, WIDTH, 3, std::vector<std::uint8_t>(std::size_t{HELD} * 3, 9)});

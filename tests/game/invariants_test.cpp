@@ -1,4 +1,4 @@
-// The watch over the invariants itself: quiet on a drive, and loud at each planted fault.
+// The check of the invariants itself: silent on a drive, and naming each planted fault.
 #include "race/view.h"
 #include "render/frame_buffer.h"
 #include "render/text.h"

@@ -41,7 +41,7 @@ TEST_F(Lap, ACarInTheBoxCompletesEvery301Frames) {
     frames(299);
     EXPECT_EQ(cycle[PLAYER_SLOT], 301);
     EXPECT_EQ(last_cycle[PLAYER_SLOT], 0);
-    frames(1); // the clock rests in the frame of completion
+    frames(1); // the clock does not count in the frame of completion
     EXPECT_EQ(cycle[PLAYER_SLOT], 0);
     EXPECT_EQ(last_cycle[PLAYER_SLOT], 301);
     EXPECT_EQ(best_cycle[PLAYER_SLOT], 301);
@@ -49,7 +49,7 @@ TEST_F(Lap, ACarInTheBoxCompletesEvery301Frames) {
     EXPECT_EQ(cycle[PLAYER_SLOT], 2);
 }
 
-TEST_F(Lap, ResultsAddTheTruncatedPenaltyAndKeepItOnShow) {
+TEST_F(Lap, ResultsAddTheTruncatedPenaltyAndKeepItOnDisplay) {
     complete(1250, 37.6F);
     EXPECT_EQ(last_cycle[PLAYER_SLOT], 1287);
     EXPECT_EQ(best_cycle[PLAYER_SLOT], 1287);
@@ -80,7 +80,7 @@ TEST_F(Lap, RecordsWhereTheCarWasPointingWhereItDoes) {
     EXPECT_EQ(ghost_x[PLAYER_SLOT][0], GHOST_NOWHERE);
 }
 
-TEST_F(Lap, GhostsMoveThroughAllSlotsAndOlderEndsStayBehindShorterLaps) {
+TEST_F(Lap, GhostsMoveThroughAllSlotsAndKeepOlderEndsAfterShorterLaps) {
     ghost_x[PLAYER_SLOT][GHOST_FRAMES - 1] = 42.0F;
     for (int lap = 1; lap <= 7; ++lap) {
         const std::int32_t length = lap == 7 ? 310 : 400; // the last lap is shorter

@@ -25,7 +25,7 @@ std::vector<std::string> calls_of_run(int frames, const FrameScript& script = {}
     calls.clear();
     scripted::recording = true;
     EXPECT_EQ(run_program(frames, script), 0);
-    // An archive without pictures is read in 4200 calls that are all alike.
+    // An archive without pictures takes 4200 identical calls to read.
     std::erase(calls, "ReadFile 4 null");
     return calls;
 }
@@ -45,7 +45,7 @@ TEST(Program, EndsWithoutShowingTheFrameThatSeesEscape) {
     EXPECT_EQ(std::ranges::count(made, "SwapBuffers dc"), 2); // and the black frame
 }
 
-TEST(Program, IgnoresAnEscapeThatIsOverBeforeTheLook) {
+TEST(Program, IgnoresAnEscapeReleasedBeforeItIsPolled) {
     const auto made = calls_of_run(3, [](int) {
         scripted::hold_key(VK_ESCAPE, true);
         scripted::hold_key(VK_ESCAPE, false);
@@ -99,7 +99,7 @@ TEST(Program, CentresTheWindowTruncatingTowardsZero) {
     EXPECT_NE(calls_of_run(1).at(4).find(" at -1,299 size 640,480 "), std::string::npos);
 }
 
-TEST(Program, ShowsABlackPictureLast) {
+TEST(Program, ShowsABlackFrameLast) {
     keep_pictures = true;
     run_program(1);
     ASSERT_EQ(pictures.size(), 2U);

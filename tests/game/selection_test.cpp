@@ -58,7 +58,7 @@ TEST_F(Selection, AtEitherEndTheSameTrackIsLoadedAgain) {
     EXPECT_EQ(race_number, 2);
 }
 
-TEST_F(Selection, TheNextPictureIsTheFirstOfTheNewTrack) {
+TEST_F(Selection, TheNextFrameShowsTheNewTrack) {
     map_file(2) = plain_map(CELL_OFF_TRACK);
     key_down[VK_OEM_6] = 1;
     frames(1);
@@ -88,7 +88,7 @@ TEST_F(Selection, ShortAndMissingMapsLeaveTheRestOfTheGrid) {
     EXPECT_EQ(x, 2400.0F) << "the race starts afresh all the same";
 
     scripted::memory_files["data/race2.map"].read_only = false;
-    map_file(2).push_back(8); // bytes beyond the grid are nobody's
+    map_file(2).push_back(8); // bytes beyond the grid are ignored
     type({VK_OEM_6});
     EXPECT_EQ(track_grid[TRACK_MAP_BYTES - 1], 7);
 }

@@ -80,8 +80,8 @@ TEST_F(LinuxPackage, GoesIntoTheMenu) {
     EXPECT_TRUE(fs::exists(icon));
 }
 
-// What a package manager installs nobody may write.
-TEST_F(LinuxPackage, InstalledItPlaysWithACopyOfTheData) {
+// What a package manager installs cannot be written by players.
+TEST_F(LinuxPackage, PlaysWithACopyOfTheDataWhenInstalled) {
     const fs::path usr = unpack(TARVIK_DEBIAN_PACKAGE);
     output_of({"chmod", "-R", "a-w", usr});
     start({usr / "bin/tarvik"});

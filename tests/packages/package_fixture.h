@@ -5,7 +5,8 @@
 
 namespace tarvik {
 
-/// Runs a command to its end and returns what it prints; the running test fails if it does.
+/// Runs a command to its end and returns what it prints; the running test fails if the command
+/// does.
 std::string output_of(const std::vector<std::string>& command);
 
 /// Expects each of some parts in a text.

@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 
 class WindowsPackage : public PackageTest {
   protected:
-    /// One Windows for all tests; making it takes ten seconds or more.
+    /// One Wine prefix for all tests; making it takes ten seconds or more.
     static void SetUpTestSuite() {
         prefix = make_folder("wine");
         output_of({TARVIK_UNDER_WINE, prefix, "wineboot", "--init"});
@@ -80,7 +80,7 @@ TEST_F(WindowsPackage, IsOneProgramWithIconVersionManifestAndLicences) {
 
 // A busy machine can make it slower for a while, so the best second counts; nothing may make it
 // faster.
-TEST_F(WindowsPackage, PlaysBareInTheMiddleAtSixtyFramesASecond) {
+TEST_F(WindowsPackage, PlaysBorderlessAndCentredAtSixtyFramesASecond) {
     start();
     ASSERT_TRUE(waits_for_text("Gear : 0", 30, 30)) << errors();
     EXPECT_TRUE(

@@ -1,4 +1,4 @@
-// What goes into the number.
+// What goes into the hash.
 #include "tests/support/game_hash.h"
 
 #include "race/race_state.h"

@@ -1,4 +1,4 @@
-// One number for everything that the game did, to be compared with another drive's.
+// One number that sums up everything the game did, to be compared with another drive's.
 #pragma once
 
 #include <cstddef>

@@ -16,7 +16,7 @@ class Invariants {
     [[nodiscard]] std::string fault() const;
 
     /// Whether every logical pixel of the frame buffer is a block of four equal device pixels.
-    /// Reads the whole picture.
+    /// Reads the whole frame.
     [[nodiscard]] static bool is_picture_whole();
 
   private:

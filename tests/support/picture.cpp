@@ -1,4 +1,4 @@
-// Reading pictures.
+// Reading frames.
 #include "tests/support/picture.h"
 
 #include "render/frame_buffer.h"

@@ -1,4 +1,4 @@
-// A picture as the player sees it.
+// A frame as the player sees it.
 #pragma once
 
 #include <cstdint>

@@ -22,8 +22,8 @@ int run_program(int frames, const FrameScript& script = {});
 void press(int virtual_key);
 void release(int virtual_key);
 
-/// The pictures shown since the program started, kept while `keep_pictures` is set; and the last
-/// one always.
+/// The frames shown since the program started, kept while `keep_pictures` is set; the last one
+/// always is.
 extern bool keep_pictures;
 extern std::vector<Picture> pictures;
 
@@ -47,7 +47,7 @@ std::vector<std::uint8_t> archive_of(const std::vector<Image>& images);
 /// A square image of one colour.
 Image plain_image(int number, int side, Pixel colour);
 
-/// Puts the files of a data folder in memory under the game: both maps and the archive.
+/// Gives the game a data folder in memory: both maps and the archive.
 void install_data(std::vector<std::uint8_t> race1, std::vector<std::uint8_t> race2,
                   std::vector<std::uint8_t> archive);
 

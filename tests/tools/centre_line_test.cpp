@@ -12,7 +12,7 @@ namespace {
 TEST(CentreLine, runs_once_around_in_the_middle_of_the_road) {
     const SmallTrack track;
     const std::vector<CentrePoint> line = centre_line(track.view());
-    ASSERT_GT(line.size(), 400U); // 2500 cells, less what the corners are cut
+    ASSERT_GT(line.size(), 400U); // 2500 cells, less what is cut at the corners
     EXPECT_NEAR(line[0].x, BOX_CENTRE_X, 2);
     EXPECT_NEAR(line[0].y, BOX_CENTRE_Y, 2);
     EXPECT_LT(line[10].y, line[0].y - 30) << "it must begin upwards";

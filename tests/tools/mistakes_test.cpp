@@ -106,7 +106,7 @@ INSTANTIATE_TEST_SUITE_P(
         Mistake{"second_road", {line("M 3200,1150 V 4050")}, "the road divides here"}),
     [](const testing::TestParamInfo<Mistake>& tried) { return tried.param.name; });
 
-// So that ./play knows whether there is anything to drive.
+// This tells ./play whether there is anything to drive.
 TEST(Check, tells_a_track_with_faults_from_one_that_leads_nowhere) {
     const TemporaryFolder folder;
     const auto exit_code = [&](const Edit& edit) {

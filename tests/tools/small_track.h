@@ -1,4 +1,4 @@
-// A small track, good as it is, for tests to damage.
+// A small track without faults, for tests to damage.
 #pragma once
 
 #include "tools/track/track.h"

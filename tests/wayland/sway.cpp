@@ -17,7 +17,7 @@ namespace {
 
 constexpr int LARGEST_SCREEN = 4096;
 
-// Once it runs, it writes down where it is to be found. No borders: a tile is the whole screen.
+// Once it runs, it writes its address down. No borders: a tile is the whole screen.
 void write_configuration(const fs::path& folder) {
     std::ofstream(folder / "config") << "xwayland disable\n"
                                         "default_border none\n"

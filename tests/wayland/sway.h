@@ -8,7 +8,7 @@ namespace tarvik {
 
 class Sway {
   public:
-    /// Whether sway and grim, which looks at its screen, are to be had.
+    /// Whether sway is available, and grim, which captures its screen.
     static bool is_installed();
 
     /// Starts it and waits until it answers.

@@ -1,4 +1,4 @@
-// The two interfaces of virtual-keyboard-unstable-v1, by which a program is a keyboard.
+// The two interfaces of virtual-keyboard-unstable-v1, by which a program acts as a keyboard.
 #include "tests/wayland/virtual_keyboard.h"
 
 #include <cstring>

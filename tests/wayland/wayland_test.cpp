@@ -15,8 +15,8 @@ constexpr int WIDTH = 320;
 constexpr int HEIGHT = 240;
 constexpr unsigned long ROAD = 0x3C3C3C;
 
-/// What the screen shows as the game's logical pixels, if it is a whole picture of them, in the
-/// middle, on black, each enlarged to one block by the largest factor that fits. Otherwise none.
+/// What the screen shows as the game's logical pixels, if it is a whole frame of them, centred on
+/// black, each enlarged to one block by the largest factor that fits. Otherwise none.
 Pixels read_logical_pixels(const Picture& screen) {
     const int factor = std::min(screen.width / WIDTH, screen.height / HEIGHT);
     const int left = (screen.width - WIDTH * factor) / 2;
@@ -84,7 +84,7 @@ class Wayland : public testing::Test {
                part({638, 478, 2, 2}) == Pixels{ROAD};
     }
 
-    /// A part of the picture that was looked at last; areas are those of the game's own pixels.
+    /// A part of the frame that was captured last; areas are in the game's own pixels.
     Pixels part(const Area& area) const {
         Pixels pixels;
         for (int y = area.y / 2; y < (area.y + area.height + 1) / 2 && !picture_.empty(); ++y) {
@@ -94,7 +94,7 @@ class Wayland : public testing::Test {
         return pixels;
     }
 
-    /// Waits until a part of the picture is, or is no longer, what it was.
+    /// Waits until a part of the frame is, or is no longer, what it was.
     bool waits_for(const Area& area, const Pixels& pixels, bool equal) {
         return Player::waits_until([&] {
             picture_ = read_logical_pixels(sway_->look());
@@ -153,7 +153,7 @@ TEST_F(Wayland, KeysChangeGearAndDriveAndEscapeEndsTheGame) {
 
 // As on Windows: nobody tells the game that the key went up meanwhile. While 1 counts as held, 3
 // holds only as long as it is pressed.
-TEST_F(Wayland, WithoutFocusTheGameKeepsItsKeysAndOutOfSightItCanBeClosed) {
+TEST_F(Wayland, TheGameKeepsItsKeysWithoutFocusAndCanBeClosedWhileHidden) {
     start_game();
     ASSERT_TRUE(Player::waits_until([this] { return shows_start(); }));
     const Pixels advanced = part(DIFFICULTY);
@@ -173,7 +173,7 @@ TEST_F(Wayland, WithoutFocusTheGameKeepsItsKeysAndOutOfSightItCanBeClosed) {
     expect_end();
 }
 
-// Ended at different times from the first picture on. --gtest_repeat makes it hundreds.
+// Ended at different times from the first frame on. --gtest_repeat runs it hundreds of times.
 TEST_F(Wayland, StartsAndEndsAgainAndAgain) {
     for (int i = 0; i < 5; ++i) {
         start_game();

@@ -11,7 +11,7 @@ import puppeteer from 'puppeteer-core';
 
 const ROOT = fileURLToPath(new URL('../../', import.meta.url));
 export const SITE = `${ROOT}build/web/site`;
-const PATIENCE = 120_000; // ms for what only a busy machine makes slow
+const PATIENCE = 120_000; // ms for what is slow only on a busy machine
 
 // The sandbox is for strangers' pages, and neither root nor most containers can have it.
 const BROWSERS = {
@@ -81,7 +81,7 @@ export async function startRace(page) {
   await picturesLater(page, 2);
 }
 
-// The game looks whether Escape is down, once a frame: a tap between two looks goes unnoticed.
+// The game polls Escape once a frame: a tap between two polls goes unnoticed.
 export async function endRace(page) {
   await page.keyboard.down('Escape');
   await inState(page, 'ended');
@@ -93,7 +93,7 @@ export async function picturesLater(page, count) {
   await page.waitForFunction((pictures) => window.tarvik.pictures >= pictures, {}, goal);
 }
 
-/// In the page: notes which key the game got after how many pictures.
+/// In the page: notes which key the game got after how many frames.
 function noteKeys() {
   window.seenKeys = [];
   const note = ({ code, type }) => {
@@ -106,7 +106,7 @@ function noteKeys() {
   window.addEventListener('click', (event) => event.target.id === 'start' && (window.seenKeys = []), true);
 }
 
-/// Plays the race so far again without a browser: the canvas must show the same picture, pixel by
+/// Plays the race so far again without a browser: the canvas must show the same frame, pixel by
 /// pixel. Returns what the game knows then.
 export async function assertSameAsReplay(page) {
   const seen = await page.evaluate(async () => {

@@ -22,7 +22,7 @@ function stubController() {
 
 const [FACE_LEFT, SHOULDER, TRIGGER, BACK, START] = [2, 5, 7, 8, 9]; // the browser's numbers
 
-// What is done to the controller, the keys that this is to the game, and what comes of it.
+// What is done to the controller, which keys that means to the game, and what it causes.
 const STEPS = [
   ['steer(-0.9)', ['1,ArrowLeft']],
   ['steer(-0.4)', []],

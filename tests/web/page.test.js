@@ -41,7 +41,8 @@ for (const { inPage, full, ...screen } of SCREENS) {
   });
 }
 
-/// Holds the screen against the canvas enlarged by whole blocks: where the picture is, or all of it.
+/// Compares the screen with the canvas enlarged by whole blocks: where the picture is, or all of
+/// it.
 async function assertCrisp(page, block, alone) {
   const png = await page.screenshot({ encoding: 'base64' });
   const compare = async (source, size, whole) => {

@@ -1,4 +1,4 @@
-// Driving in browsers: the same game, picture by picture, at its pace, within its memory.
+// Driving in browsers: the same game, frame by frame, at its pace, within its memory.
 import { describe, test } from 'node:test';
 import { strict as assert } from 'node:assert';
 import { readFile } from 'node:fs/promises';
@@ -8,14 +8,14 @@ for (const name of ['chrome', 'firefox']) {
   describe(name, () => {
     web.inBrowser(name);
 
-    test('a race with real keys is, pixel by pixel, the one without a browser', async (t) => {
+    test('a race with real keys matches the one without a browser, pixel by pixel', async (t) => {
       const page = await web.openGame(t);
       await web.startRace(page);
       assert.equal(await web.focused(page), 'game');
       const standing = await web.assertSameAsReplay(page);
       assert.equal(standing.gear, 0);
 
-      // The gear key's wait of 300 ms stops the pictures, not the page.
+      // The gear key's wait of 300 ms stops the game's frames, not the page.
       await page.evaluate(watchTurns);
       await page.keyboard.press('KeyA');
       await web.picturesLater(page, 5);
@@ -30,7 +30,7 @@ for (const name of ['chrome', 'firefox']) {
       assert.ok(driving.speed > 0.1 && driving.y < 2400, 'the car has driven up through the gate');
       assert.ok(driving.cycle > 1, 'a lap is being timed');
 
-      // The keyboard goes elsewhere with the key held: nobody tells the game, and the car drives on.
+      // The focus moves away with the key held: nothing tells the game, and the car drives on.
       await page.click('.rules');
       await page.keyboard.up('ArrowUp');
       await page.keyboard.press('ArrowDown');
@@ -73,7 +73,7 @@ describe('chrome', () => {
   });
 
   for (const hertz of [24, 60, 75, 144, 240]) {
-    test(`60 pictures a second on a display of ${hertz} Hz`, async (t) => {
+    test(`60 frames a second on a display of ${hertz} Hz`, async (t) => {
       const page = await web.openPage(t);
       await page.evaluateOnNewDocument(simulateDisplay, hertz);
       await page.goto(web.address);
@@ -114,9 +114,9 @@ function simulateDisplay(hertz) {
   port2.postMessage(null);
 }
 
-/// In the page: notes the time of its turns, and the pictures shown by then.
+/// In the page: notes the time of its turns, and the frames shown by then.
 function watchTurns() {
-  const stretches = new Map(); // by number of pictures: the turns in which there were so many
+  const stretches = new Map(); // by number of frames: the turns in which there were so many
   const note = (now) => {
     const { pictures } = window.tarvik;
     stretches.set(pictures, [...(stretches.get(pictures) ?? []), now]);

@@ -1,9 +1,9 @@
-// Plays the keys of a race in the browser again, on this system: tarvik-replay DATA PICTURE KEY...
+// Replays the keys of a race in the browser on this system: tarvik-replay DATA PICTURE KEY...
 //
 // KEY is "frame,1 or 0,code", the code as browsers call it: pressed or released before that frame
-// takes its message. The picture of frame PICTURE goes to standard output as the canvas has it,
-// rows from the top down, red, green, blue and 255; what the game knows by then, as JSON, to
-// standard error.
+// takes its message. The pixels of frame PICTURE go to standard output as the canvas has it, rows
+// from the top down, red, green, blue and 255; what the game knows by then, as JSON, to standard
+// error.
 #include "platform/common/keys.h"
 #include "race/race_state.h"
 #include "tests/support/program.h"

@@ -1,4 +1,4 @@
-// A telephone or tablet: driving with thumbs between which the picture is.
+// On a phone or tablet: driving with the thumbs on both sides of the picture.
 import { test } from 'node:test';
 import { strict as assert } from 'node:assert';
 import * as web from './browser.js';
