@@ -112,7 +112,7 @@ int main(int argc, char** argv) {
     }
     try {
         const std::string file_name = std::filesystem::absolute(argv[1]).string();
-        const std::string fault = demo::enter_data_folder(2);
+        const std::string fault = demo::enter_data_folder({}, 2);
         if (!fault.empty()) {
             std::fprintf(stderr, "tarvik-frame-times: %s\n", fault.c_str());
             return EXIT_FAILURE;

@@ -33,7 +33,7 @@ std::vector<std::string> with_whole_paths(int argc, char** argv) {
 int run(int argc, char** argv) {
     using namespace tarvik::bench;
     std::vector<std::string> arguments = with_whole_paths(argc, argv);
-    const std::string fault = tarvik::demo::enter_data_folder(1);
+    const std::string fault = tarvik::demo::enter_data_folder({}, 1);
     if (!fault.empty()) {
         std::fprintf(stderr, "tarvik-bench: %s\n", fault.c_str());
         return EXIT_FAILURE;

@@ -84,7 +84,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
-        const std::string fault = demo::enter_data_folder(1);
+        const std::string fault = demo::enter_data_folder({}, 1);
         if (!fault.empty()) {
             std::fprintf(stderr, "tarvik-many-laps: %s\n", fault.c_str());
             return EXIT_FAILURE;

@@ -3,11 +3,11 @@
 // Wants a display whose window manager, if there is one, lets programs choose their window's size.
 #include "bench/bare_showing.h"
 #include "bench/row.h"
+#include "game/start_up.h"
 #include "platform/common/pacing.h"
 #include "platform/desktop/display.h"
 #include "race/race_frame.h"
 #include "race/track_grid.h"
-#include "shell/start_up.h"
 #include "tools/demo/data_folder.h"
 
 #include <cstdio>
@@ -93,7 +93,7 @@ void run() {
 
 int main() {
     try {
-        const std::string fault = demo::enter_data_folder(1);
+        const std::string fault = demo::enter_data_folder({}, 1);
         if (!fault.empty()) {
             throw std::runtime_error(fault);
         }

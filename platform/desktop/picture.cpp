@@ -9,6 +9,7 @@
 
 #include <SDL.h>
 
+#include <cstddef>
 #include <cstring>
 
 namespace tarvik {
@@ -27,7 +28,8 @@ PictureArea current_area() {
 
 // Every logical pixel is a block of equal ones, of which the first will do.
 void convert_row(const GLubyte* from, Uint32* to) {
-    for (int x = 0; x < LOGICAL_WIDTH; ++x, from += GAME_PIXELS * 3) {
+    constexpr std::ptrdiff_t BLOCK_BYTES = GAME_PIXELS * 3;
+    for (int x = 0; x < LOGICAL_WIDTH; ++x, from += BLOCK_BYTES) {
         to[x] = Uint32{from[0]} << 16U | Uint32{from[1]} << 8U | from[2];
     }
 }
@@ -123,9 +125,10 @@ void glDrawPixels(GLsizei width, GLsizei height, GLenum, GLenum, const GLvoid* p
     if (texture == nullptr || SDL_LockTexture(texture, nullptr, &rows, &row_bytes) != 0) {
         return;
     }
-    for (int y = 0; y < LOGICAL_HEIGHT; ++y) {
-        convert_row(static_cast<const GLubyte*>(pixels) +
-                        (height - 1 - y * GAME_PIXELS) * width * 3,
+    const std::ptrdiff_t game_row_bytes = std::ptrdiff_t{width} * 3;
+    for (std::ptrdiff_t y = 0; y < LOGICAL_HEIGHT; ++y) {
+        const std::ptrdiff_t game_row = height - 1 - y * GAME_PIXELS;
+        convert_row(static_cast<const GLubyte*>(pixels) + game_row * game_row_bytes,
                     reinterpret_cast<Uint32*>(static_cast<char*>(rows) + y * row_bytes));
     }
     SDL_UnlockTexture(texture);
