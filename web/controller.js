@@ -11,7 +11,7 @@
   // Only on release: to the game, Start ends the race.
   function look() {
     const pads = navigator.getGamepads();
-    const isDown = pads.some((pad) => pad?.mapping === 'standard' && pad.buttons[STANDARD_START].pressed);
+    const isDown = pads.some((pad) => pad?.mapping === 'standard' && pad.buttons[STANDARD_START]?.pressed);
     if (isDown && !wasDown) {
       counts = !button.disabled;
     } else if (!isDown && wasDown && counts) {

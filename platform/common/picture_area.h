@@ -26,6 +26,7 @@ struct PictureArea {
     int factor; ///< device pixels for each logical one
     int left;   ///< left edge in the window; negative where the window is too small
     int top;
+    int right; ///< columns of the window to the right of the picture
     int below; ///< rows of the window under the picture
 
     /// Whether a place in the window is in the picture.
@@ -45,8 +46,9 @@ struct PictureArea {
 
 constexpr PictureArea picture_area(int window_width, int window_height) {
     const int factor = largest_factor(window_width, window_height);
+    const int black_columns = window_width - LOGICAL_WIDTH * factor;
     const int black_rows = window_height - LOGICAL_HEIGHT * factor;
-    return {factor, (window_width - LOGICAL_WIDTH * factor) / 2, black_rows / 2,
+    return {factor, black_columns / 2, black_rows / 2, black_columns - black_columns / 2,
             black_rows - black_rows / 2};
 }
 

@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <vector>
 
 namespace tarvik {
 
@@ -40,7 +41,7 @@ void show_picture_again() {
     const PictureArea area = current_area();
     const SDL_Rect place = {area.left, area.top, LOGICAL_WIDTH * area.factor,
                             LOGICAL_HEIGHT * area.factor};
-    if (area.left != 0 || area.top != 0) {
+    if (area.left != 0 || area.top != 0 || area.below != 0 || area.right != 0) {
         SDL_RenderClear(renderer); // black beside the picture
     }
     SDL_RenderCopy(renderer, texture, nullptr, &place);
@@ -98,6 +99,9 @@ HGLRC WINAPI wglCreateContext(HDC device_context) {
     if (texture == nullptr) {
         exit_without("this display can show no pictures", SDL_GetError());
     }
+    // Black until the first frame: a new texture may hold anything.
+    const std::vector<Uint32> black(std::size_t{LOGICAL_WIDTH} * LOGICAL_HEIGHT);
+    SDL_UpdateTexture(texture, nullptr, black.data(), LOGICAL_WIDTH * int{sizeof(Uint32)});
     return reinterpret_cast<HGLRC>(renderer);
 }
 

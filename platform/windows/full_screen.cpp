@@ -29,13 +29,15 @@ PictureArea current_picture_area(HWND window) {
 }
 
 void toggle_full_screen(HWND window) {
+    // Before the move: reaching a display of another density calls follow_display_density from
+    // inside it.
+    is_full_screen = !is_full_screen;
     if (is_full_screen) {
-        move_to(window, place_before);
-    } else {
         GetWindowRect(window, &place_before);
         move_to(window, display_of(window));
+    } else {
+        move_to(window, place_before);
     }
-    is_full_screen = !is_full_screen;
 }
 
 void follow_display_size(HWND window) {
