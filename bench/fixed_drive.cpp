@@ -7,8 +7,8 @@
 #include "race/laps.h"
 #include "race/race_frame.h"
 #include "race/race_state.h"
-#include "tests/signature/drives.h"
 #include "tests/support/program.h"
+#include "tests/support/ring.h"
 
 namespace {
 
@@ -32,12 +32,11 @@ void play(int frame) {
 } // namespace
 
 int main() {
-    tarvik::test::install_drive_data();
+    tarvik::test::install_ring_data();
     tarvik::start_up();
-    const tarvik::test::Drive& drive = tarvik::test::all_drives().front();
-    tarvik::test::restart_game(drive);
+    tarvik::test::restart_on_ring(1);
     for (int frame = 1; frame <= FRAMES; ++frame) {
-        drive.script(frame);
+        tarvik::test::drive_ring(4);
         play(frame);
         tarvik::race_frame();
     }

@@ -1,25 +1,25 @@
-// The scripted drives behind the signature.
+// Drives that between them go through all of the game.
 #pragma once
 
+#include "tests/signature/run.h"
+
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace tarvik::test {
 
 struct Drive {
     const char* name;
-    int frames;
-    std::uint32_t seed;
-    /// Called before each frame, from 1 on; posts messages.
-    void (*script)(int frame);
+    void (*drive)(Run& run, long count);
+    long count = 0; ///< frames of those that make the signature
+    std::uint32_t seed = 1;
 };
 
-/// Puts maps and pictures under the game; called once, before start-up.
-void install_drive_data();
+/// Those that make the signature, in the order in which they do.
+const std::vector<Drive>& signature_drives();
 
-const std::vector<Drive>& all_drives();
-
-/// Puts everything that a drive depends on to its start, after whatever ran before.
-void restart_game(const Drive& drive);
+/// Those for minutes or hours of play; null for a name that is none.
+const Drive* find_long_drive(const std::string& name);
 
 } // namespace tarvik::test

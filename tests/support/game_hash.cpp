@@ -3,7 +3,6 @@
 
 #include "race/race_state.h"
 #include "race/view.h"
-#include "render/frame_buffer.h"
 
 #include <cstring>
 #include <initializer_list>
@@ -44,26 +43,6 @@ void add_state(Hash& hash) {
     for (int slot = P; slot <= LAST_GHOST_SLOT; ++slot) {
         const std::int32_t frame = cycle[P];
         add_values(hash, ghost_x[slot][frame], ghost_y[slot][frame], ghost_heading[slot][frame]);
-    }
-}
-
-void add_picture(Hash& hash) {
-    // Four hashes side by side: each waits for its own multiplication, not for the others'.
-    constexpr std::size_t WORD = sizeof(std::uint64_t);
-    constexpr std::size_t BYTES = std::size_t{DEVICE_WIDTH} * DEVICE_HEIGHT * 3;
-    static_assert(BYTES % (4 * WORD) == 0);
-    Hash first;
-    Hash second;
-    Hash third;
-    Hash fourth;
-    for (std::size_t at = 0; at < BYTES; at += 4 * WORD) {
-        first.add_word(word_at(frame_buffer + at));
-        second.add_word(word_at(frame_buffer + at + WORD));
-        third.add_word(word_at(frame_buffer + at + 2 * WORD));
-        fourth.add_word(word_at(frame_buffer + at + 3 * WORD));
-    }
-    for (const Hash& part : {first, second, third, fourth}) {
-        hash.add_word(part.value());
     }
 }
 

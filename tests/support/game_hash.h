@@ -28,7 +28,4 @@ class Hash {
 /// Adds the state of the race, the ghosts' places in this frame included.
 void add_state(Hash& hash);
 
-/// Adds the frame buffer; four times as fast as `add`, and with another result.
-void add_picture(Hash& hash);
-
 } // namespace tarvik::test

@@ -1,15 +1,26 @@
-// Round the ring in exact arithmetic.
-#include "tests/signature/autopilot.h"
+// The ring and round it, in exact arithmetic.
+#include "tests/support/ring.h"
 
-#include "platform/win32.h"
+#include "platform/driver.h"
+#include "race/race_selection.h"
 #include "race/race_state.h"
+#include "race/random.h"
 #include "race/track_grid.h"
+#include "race/view.h"
+#include "shell/input.h"
 #include "tests/support/program.h"
+
+#include <algorithm>
+#include <vector>
 
 namespace tarvik::test {
 
 namespace {
 
+// Centre and middle radius, cells; the road leads through the start/finish box.
+constexpr std::int64_t RING_X = 2950;
+constexpr std::int64_t RING_Y = 2400;
+constexpr std::int64_t RING_RADIUS = 550;
 constexpr std::int64_t HALF_WIDTH = 70;
 constexpr double FRAMES_AHEAD = 30.0; // how far the driver looks
 constexpr double TOLERANCE = 2.0;     // cells off the middle line
@@ -39,7 +50,7 @@ int arrow_for(double from_centre_x, double from_centre_y, double way_x, double w
     const double square = from_centre_x * from_centre_x + from_centre_y * from_centre_y;
     const double outward = (way_x * from_centre_x + way_y * from_centre_y) / RING_RADIUS;
     // (r^2 - R^2) / 2R is close to r - R, without a square root.
-    const double off = (square - 1.0 * RING_RADIUS * RING_RADIUS) / (2.0 * RING_RADIUS);
+    const double off = (square - RING_RADIUS * RING_RADIUS) / (2.0 * RING_RADIUS);
     const double off_soon = off + FRAMES_AHEAD * outward;
     if (off_soon > TOLERANCE) {
         return VK_RIGHT;
@@ -47,8 +58,7 @@ int arrow_for(double from_centre_x, double from_centre_y, double way_x, double w
     return off_soon < -TOLERANCE ? VK_LEFT : 0;
 }
 
-} // namespace
-
+/// The road on noisy grass.
 std::vector<std::uint8_t> ring_map() {
     std::vector<std::uint8_t> map = plain_map(CELL_OFF_TRACK);
     constexpr std::int64_t INNER = (RING_RADIUS - HALF_WIDTH) * (RING_RADIUS - HALF_WIDTH);
@@ -65,6 +75,47 @@ std::vector<std::uint8_t> ring_map() {
         }
     }
     return map;
+}
+
+/// A marker with a picture on it and a pointer with holes.
+std::vector<std::uint8_t> pictures_archive() {
+    Image marker = plain_image(30, 16, {9, 30, 200});
+    Image pointer = plain_image(250, 12, {250, 250, 250});
+    for (std::size_t i = 0; i < marker.bytes.size(); i += 7) {
+        marker.bytes[i] = static_cast<std::uint8_t>(i);
+    }
+    for (std::size_t i = 0; i + 2 < pointer.bytes.size(); i += 15) {
+        pointer.bytes[i] = pointer.bytes[i + 1] = pointer.bytes[i + 2] = 0;
+    }
+    return archive_of({marker, pointer});
+}
+
+} // namespace
+
+void install_ring_data() {
+    std::vector<std::uint8_t> checks = ring_map();
+    for (std::size_t i = 0; i < checks.size() / 2; i += 3) {
+        checks[i] = CELL_OFF_TRACK;
+    }
+    checks.resize(checks.size() / 2); // the second half stays that of the first track
+    install_data(ring_map(), std::move(checks), pictures_archive());
+}
+
+void restart_on_ring(std::uint32_t seed) {
+    MSG left_over{};
+    while (PeekMessageA(&left_over, nullptr, 0, 0, PM_REMOVE) != 0) {
+    }
+    std::fill(std::begin(key_down), std::end(key_down), 0);
+    mouse_x = 0;
+    mouse_y = 0;
+    difficulty = ADVANCED;
+    race_number = 1;
+    load_track_map(".\\data\\race1.map");
+    reset_race();
+    view_x = 0;
+    view_y = 0;
+    take_wheel();
+    srand(seed);
 }
 
 void drive_ring(std::int32_t wanted_gear) {
@@ -87,7 +138,7 @@ void drive_ring(std::int32_t wanted_gear) {
     }
 }
 
-void restart_autopilot() {
+void take_wheel() {
     holding_up = false;
     held_arrow = 0;
     frames_to_next_shift = 0;
