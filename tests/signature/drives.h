@@ -10,8 +10,8 @@
 namespace tarvik::test {
 
 struct Drive {
-    const char* name;
-    void (*drive)(Run& run, long count);
+    const char* name = nullptr;
+    void (*drive)(Run& run, long count) = nullptr;
     long count = 0; ///< frames of those that make the signature
     std::uint32_t seed = 1;
 };
