@@ -106,7 +106,7 @@ void drive_at_random(Run& run, long count) {
     luck = run.seed();
     for (long frame = 0; frame < count; ++frame) {
         if (frames_left-- == 0) {
-            std::ranges::for_each(KEYS, release);
+            std::for_each(std::begin(KEYS), std::end(KEYS), release);
             take_wheel();
             tap(static_cast<int>('1' + below(3)));
             if (below(20) == 0) {
@@ -184,8 +184,8 @@ const std::vector<Drive>& signature_drives() {
 const Drive* find_long_drive(const std::string& name) {
     static const std::vector<Drive> drives = {
         {"random", drive_at_random}, {"endless", leave_lap_running}, {"laps", complete_laps}};
-    const auto found =
-        std::ranges::find_if(drives, [&](const Drive& each) { return each.name == name; });
+    const auto found = std::find_if(drives.begin(), drives.end(),
+                                    [&](const Drive& each) { return each.name == name; });
     return found == drives.end() ? nullptr : &*found;
 }
 

@@ -40,14 +40,15 @@ bool check(const std::string& file, const std::string& trace) {
     const auto columns = words_of(std::istringstream(trace.substr(0, trace.find('\n'))));
     const auto expected = words_of(std::ifstream(file));
     const auto actual = words_of(std::istringstream(trace));
-    const auto at = std::ranges::mismatch(expected, actual);
-    if (at.in1 == expected.end() && at.in2 == actual.end()) {
+    const auto [wanted, got] =
+        std::mismatch(expected.begin(), expected.end(), actual.begin(), actual.end());
+    if (wanted == expected.end() && got == actual.end()) {
         return true;
     }
-    const auto word = static_cast<std::size_t>(at.in2 - actual.begin());
+    const auto word = static_cast<std::size_t>(got - actual.begin());
     std::cout << file << ':' << word / columns.size() + 1 << ": " << columns[word % columns.size()]
-              << " is " << (at.in2 == actual.end() ? "nothing" : *at.in2) << ", expected "
-              << (at.in1 == expected.end() ? "nothing" : *at.in1) << '\n';
+              << " is " << (got == actual.end() ? "nothing" : *got) << ", expected "
+              << (wanted == expected.end() ? "nothing" : *wanted) << '\n';
     return false;
 }
 
