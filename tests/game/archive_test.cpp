@@ -106,7 +106,7 @@ TEST_F(Archive, ATruncatedFileKeepsWhatItHeld) {
 TEST_F(Archive, OrdinaryPicturesInEverySlotAreEachReadInOneCallAndDrawnWhole) {
     create_frame_buffer();
     for (const auto& [side, pictures_held] : {std::pair(256, 251), {128, SPRITE_COUNT}}) {
-        const std::size_t size = static_cast<std::size_t>(side) * side * 3;
+        const auto size = static_cast<std::size_t>(side * side * 3);
         std::vector<Image> images;
         for (int n = 0; n < pictures_held; ++n) {
             images.push_back(
@@ -119,7 +119,8 @@ TEST_F(Archive, OrdinaryPicturesInEverySlotAreEachReadInOneCallAndDrawnWhole) {
         EXPECT_EQ(std::ranges::count(scripted::calls, "ReadFile 4 null"), 3 * SPRITE_COUNT);
         EXPECT_EQ(std::ranges::count(scripted::calls, "ReadFile " + std::to_string(size) + " null"),
                   pictures_held);
-        EXPECT_EQ(scripted::calls.size(), 2U + 3 * SPRITE_COUNT + pictures_held);
+        EXPECT_EQ(scripted::calls.size(),
+                  2U + 3 * SPRITE_COUNT + static_cast<std::size_t>(pictures_held));
         for (int n = 0; n < pictures_held; ++n) {
             const Sprite& sprite = sprite_table[n];
             ASSERT_EQ(sprite.pixel_bytes, size) << n;

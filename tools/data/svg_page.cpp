@@ -55,7 +55,9 @@ Owned<RsvgHandle> open_drawing(const std::filesystem::path& path) {
     Owned<RsvgHandle> handle(rsvg_handle_new_from_file(path.c_str(), &error));
     if (handle == nullptr) {
         const Owned<GError> owned(error);
-        throw Failure(path.string() + " is not an SVG drawing: " + first_line(error));
+        throw Failure(path.string() +
+                      " is not an SVG drawing, or only half of one; save it as SVG again: " +
+                      first_line(error));
     }
     return handle;
 }

@@ -56,7 +56,7 @@ Picture read_png(const std::filesystem::path& path, int largest_side) {
         throw Failure("cannot read " + path.string() + ": " + std::strerror(errno));
     }
     if (png_sig_cmp(signature, 0, sizeof signature) != 0) {
-        throw Failure(path.string() + " is not a PNG picture");
+        throw Failure(path.string() + " is not a PNG picture: export it as PNG");
     }
     std::rewind(file.get());
 

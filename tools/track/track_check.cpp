@@ -106,14 +106,16 @@ class Check {
     }
 
     void check_start() {
-        wants_road(BOX, "the start/finish box, " + corners(BOX) + ", is not all road");
+        const std::string cure = ": show the layer Gate of docs/empty-track.svg, above all others";
+        wants_road(BOX, "the start/finish box, " + corners(BOX) + ", is not all road" + cure);
         const Rectangle car{START.x - CAR_SIDE, START.y - CAR_SIDE, START.x + CAR_SIDE - 1,
                             START.y + CAR_SIDE - 1};
         const Rectangle lane{car.left, BOX.bottom + 1, car.right, car.top - 1};
         if (wants_road(car, "the car does not start on the road: its start at " +
                                 units_.place(START.x, START.y) + " needs road from " +
-                                corners(car))) {
-            wants_road(lane, "the way straight up from the start to the box is not all road");
+                                corners(car) + cure)) {
+            wants_road(lane,
+                       "the way straight up from the start to the box is not all road" + cure);
         }
     }
 
@@ -260,7 +262,8 @@ class Check {
         const Cell end = beside.reached().back();
         const double sticks_out = *beside.key(end) * 1.0 / LENGTH_UNITS - 2 * LARGEST_CLEARANCE;
         if (sticks_out > DEAD_END) {
-            note(end, "a dead end beside the road, about " + length(sticks_out) + " long");
+            note(end, "a dead end beside the road, or a way that may be left out, about " +
+                          length(sticks_out) + " long");
         }
         const Cells near = grown(road, SCENERY_DISTANCE);
         for (std::size_t i = 0; i < near.size(); ++i) {
