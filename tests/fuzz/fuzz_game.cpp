@@ -8,6 +8,7 @@
 #include "race/random.h"
 #include "race/track_grid.h"
 #include "race/view.h"
+#include "render/presentation.h"
 #include "shell/input.h"
 #include "tests/support/invariants.h"
 
@@ -99,6 +100,7 @@ void start_game() {
     start_up();
     static test::Invariants watch;
     invariants = &watch;
+    clear_frame();
     mark_loaded(TRACK_MAP_BYTES);
     reset_game();
     std::atexit(print_frames);
