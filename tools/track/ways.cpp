@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <set>
 #include <utility>
@@ -24,7 +25,8 @@ std::vector<Cell> islands(int side, const std::vector<Cell>& road) {
     const int across = (side + BLOCK - 1) / BLOCK + 2; // with a frame of grass around
     std::vector<bool> seen(static_cast<std::size_t>(across) * static_cast<std::size_t>(across));
     const auto index = [&](Cell block) {
-        return static_cast<std::size_t>(block.y * across + block.x);
+        return static_cast<std::size_t>(block.y) * static_cast<std::size_t>(across) +
+               static_cast<std::size_t>(block.x);
     };
     for (const Cell cell : road) {
         seen[index({cell.x / BLOCK + 1, cell.y / BLOCK + 1})] = true;
@@ -40,8 +42,9 @@ std::vector<Cell> islands(int side, const std::vector<Cell>& road) {
             }
         };
         add({i % across, i / across});
-        for (std::size_t next = 0; next < piece.size(); ++next) {
-            const auto [x, y] = piece[next];
+        std::size_t next = 0;
+        while (next < piece.size()) { // which grows
+            const auto [x, y] = piece[next++];
             add({x + 1, y});
             add({x - 1, y});
             add({x, y + 1});
@@ -192,7 +195,7 @@ Cells grown(TrackView road, int radius) {
             for (int dy = -radius; at_edge && dy <= radius; ++dy) {
                 const int width = static_cast<int>(std::sqrt(radius * radius - dy * dy));
                 if (y + dy >= 0 && y + dy < road.side) {
-                    const auto row = result.begin() + (y + dy) * road.side;
+                    const auto row = result.begin() + std::ptrdiff_t{y + dy} * road.side;
                     std::fill(row + std::max(x - width, 0),
                               row + std::min(x + width + 1, road.side), CELL_ROAD);
                 }

@@ -46,7 +46,7 @@ Round once_around(TrackView track, const Clearance& clearance);
 /// How wide the road is in a place, cells.
 struct Width {
     Cell cell;
-    int cells;
+    int cells = 0;
 };
 /// The narrowest place on a way in the middle of the road that is at least `distance` cells from
 /// the box.
