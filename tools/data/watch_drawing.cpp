@@ -71,9 +71,9 @@ void watch_drawing(const fs::path& drawing, const fs::path& map, std::ostream& o
     GFileMonitor* monitor = g_file_monitor_file(file, G_FILE_MONITOR_WATCH_MOVES, nullptr, &error);
     g_object_unref(file);
     if (monitor == nullptr) {
-        const Failure failure("cannot watch " + drawing.string() + ": " + error->message);
+        const std::string reason = error->message;
         g_error_free(error);
-        throw failure;
+        throw Failure("cannot watch " + drawing.string() + ": " + reason);
     }
     Watch watch{drawing, map, out};
     g_signal_connect(monitor, "changed", G_CALLBACK(on_change), &watch);
