@@ -29,7 +29,7 @@ PictureArea current_area() {
 
 // Every logical pixel is a block of equal ones, of which the first will do.
 void convert_row(const GLubyte* from, Uint32* to) {
-    constexpr std::ptrdiff_t BLOCK_BYTES = GAME_PIXELS * 3;
+    constexpr std::ptrdiff_t BLOCK_BYTES = std::ptrdiff_t{GAME_PIXELS} * 3;
     for (int x = 0; x < LOGICAL_WIDTH; ++x, from += BLOCK_BYTES) {
         to[x] = Uint32{from[0]} << 16U | Uint32{from[1]} << 8U | from[2];
     }
