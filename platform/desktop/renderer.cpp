@@ -38,8 +38,8 @@ bool is_software(std::string_view opengl_name) {
 }
 
 bool has_card_behind_it() {
-    using GetString = const char*(APIENTRY*)(GLenum);
-    const auto get_string = reinterpret_cast<GetString>(SDL_GL_GetProcAddress("glGetString"));
+    const char*(APIENTRY * get_string)(GLenum) = nullptr;
+    get_string = reinterpret_cast<decltype(get_string)>(SDL_GL_GetProcAddress("glGetString"));
     const char* name = get_string != nullptr ? get_string(GL_RENDERER) : nullptr;
     return name != nullptr && !is_software(name);
 }

@@ -50,18 +50,18 @@ PngPage::PngPage(const std::filesystem::path& picture) : cells_(MAP_SIDE) {
     }
     width_ = static_cast<std::size_t>(drawn.width);
     measures_.reserve(drawn.rgba.size() / 4);
-    std::vector<std::uint32_t> row(width_);
+    std::vector<std::uint32_t> line(width_);
     std::vector<std::uint32_t> above(width_);
     for (std::size_t y = 0; y < width_; ++y) {
-        row.swap(above);
+        line.swap(above);
         for (std::size_t x = 0; x < width_; ++x) {
-            row[x] = on_white(&drawn.rgba[(y * width_ + x) * 4]);
+            line[x] = on_white(&drawn.rgba[(y * width_ + x) * 4]);
             // Half a step up, so that a measure of 0, which is grass, is no tie.
             measures_.push_back(static_cast<std::int8_t>(
-                std::clamp(2 * grass_measure(row[x]) + 1, -CERTAIN, CERTAIN)));
+                std::clamp(2 * grass_measure(line[x]) + 1, -CERTAIN, CERTAIN)));
         }
         if (y > 0) {
-            colours_.look_at(row.data(), above.data(), width_, 1);
+            colours_.look_at(line.data(), above.data(), width_, 1);
         }
     }
     places_ = places(drawn.width);

@@ -54,9 +54,9 @@ void Report::print_shares() const {
         std::printf("  %-12s %5.1f s %5.1f %%\n", what, frames / FRAMES_A_SECOND,
                     100.0 * frames / count);
     };
-    for (int gear = 1; gear <= TOP_GEAR; ++gear) {
-        const char name[] = {'g', 'e', 'a', 'r', ' ', static_cast<char>('0' + gear), '\0'};
-        print_share(name, [gear](const Frame& frame) { return frame.gear == gear; });
+    for (int number = 1; number <= TOP_GEAR; ++number) {
+        const char name[] = {'g', 'e', 'a', 'r', ' ', static_cast<char>('0' + number), '\0'};
+        print_share(name, [number](const Frame& frame) { return frame.gear == number; });
     }
     print_share("braking", [](const Frame& frame) { return frame.braking; });
     print_share("on the wheel", [](const Frame& frame) { return frame.steering; });
@@ -89,7 +89,7 @@ void Report::print_bend(int number, double degrees, const Place& apex, Stretch f
         begin, end, [](const Frame& a, const Frame& b) { return a.speed < b.speed; });
     std::printf("  bend %2d at (%4.0f, %4.0f): %-5s %3.0f degrees, entry %.2f, slowest %.2f, "
                 "gear %d\n",
-                number, apex.at.x, apex.at.y, degrees > 0.0 ? "left" : "right", std::abs(degrees),
+                number, apex.at.x, apex.at.y, degrees > 0.0 ? "left" : "right", std::fabs(degrees),
                 begin->speed, slowest->speed, slowest->gear);
 }
 
@@ -125,7 +125,7 @@ void Report::print(const Course& middle) const {
                 apex = i;
             }
         }
-        if (std::abs(degrees) >= LEAST_TURN) {
+        if (std::fabs(degrees) >= LEAST_TURN) {
             print_bend(++number, degrees, middle.at(apex), {frame_at[first], frame_at[i - 1]});
         }
         i = std::max(i, first + 1);

@@ -70,9 +70,9 @@ Search::Search(int side, const std::vector<KeyedCell>& origins, const StepKey& s
                 const int next_layer = layer ^ static_cast<int>(crossed);
                 const std::uint32_t known = states_[index(next, next_layer)];
                 if (known == 0 || known >> KEY_BIT > now + 1) { // else there is nothing to gain
-                    const std::uint32_t key = step_key(now, next, i < STRAIGHT_STEPS ? 5 : 7);
-                    if (key != NO_WAY) {
-                        reach(next, next_layer, key, (i + 1) | crossed << CROSSED_BIT);
+                    const std::uint32_t next_key = step_key(now, next, i < STRAIGHT_STEPS ? 5 : 7);
+                    if (next_key != NO_WAY) {
+                        reach(next, next_layer, next_key, (i + 1) | crossed << CROSSED_BIT);
                     }
                 }
             }

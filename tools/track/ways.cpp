@@ -195,7 +195,7 @@ Cells grown(TrackView road, int radius) {
             for (int dy = -radius; at_edge && dy <= radius; ++dy) {
                 const int width = static_cast<int>(std::sqrt(radius * radius - dy * dy));
                 if (y + dy >= 0 && y + dy < road.side) {
-                    const auto row = result.begin() + std::ptrdiff_t{y + dy} * road.side;
+                    std::uint8_t* row = result.data() + road.index(0, y + dy);
                     std::fill(row + std::max(x - width, 0),
                               row + std::min(x + width + 1, road.side), CELL_ROAD);
                 }
