@@ -1,13 +1,15 @@
 // SVG drawings of any content as tracks: the page is opened and measured as for a whole map, and a
 // few bands of the map are rendered.
 #include "tests/tools/temporary_folder.h"
-#include "tools/data/svg_page.h"
+#include "tools/data/page.h"
 #include "tools/files/failure.h"
 #include "tools/track/track.h"
 
 #include <algorithm>
 #include <cstdlib>
+#include <memory>
 #include <string_view>
+#include <vector>
 
 namespace {
 
@@ -23,11 +25,11 @@ bool takes_long(std::string_view drawing) {
 }
 
 void render(const std::filesystem::path& drawing) {
-    SvgPage page(drawing, BAND_ROWS);
+    const std::unique_ptr<Page> page = open_svg(drawing, BAND_ROWS);
+    std::vector<std::uint8_t> cells(static_cast<std::size_t>(BAND_ROWS * MAP_SIDE));
     for (const int row : {0, BOX_TOP, MAP_SIDE - BAND_ROWS}) {
-        const std::vector<std::uint8_t>& cells = page.band(row);
-        if (cells.size() != static_cast<std::size_t>(BAND_ROWS * MAP_SIDE) ||
-            std::ranges::any_of(cells, [](std::uint8_t cell) { return cell > CELL_GRASS; })) {
+        page->draw(row, cells);
+        if (std::ranges::any_of(cells, [](std::uint8_t cell) { return cell > CELL_GRASS; })) {
             std::abort(); // no cells of a map
         }
     }

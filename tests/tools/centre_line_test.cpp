@@ -34,12 +34,8 @@ TEST(CentreLine, runs_once_around_in_the_middle_of_the_road) {
 }
 
 TEST(CentreLine, is_empty_without_a_loop) {
-    SmallTrack cut;
-    cut.grass(1900, 2500, 1901, 2690);
-    EXPECT_TRUE(centre_line(cut.view()).empty());
-    SmallTrack no_start;
-    no_start.grass(2300, 2470, 2500, 2490);
-    EXPECT_TRUE(centre_line(no_start.view()).empty());
+    EXPECT_TRUE(centre_line(SmallTrack({grass(1900, 2500, 1901, 2690)}).view()).empty());
+    EXPECT_TRUE(centre_line(SmallTrack({grass(2300, 2470, 2500, 2490)}).view()).empty());
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 // The small mistakes of somebody who draws a first track: each gets a message that says what to do.
 #include "tests/tools/program_run.h"
-#include "tests/tools/temporary_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -54,8 +53,8 @@ TEST_P(Mistakes, are_named_with_their_cure) {
     const TemporaryFolder folder;
     write_file(folder / "mine.svg", edited(GetParam()));
     const ProgramRun run = run_tarvik_data(folder, "track check mine.svg");
-    EXPECT_THAT(run.out + run.error, HasSubstr(GetParam().message));
-    EXPECT_EQ(run.exit_code == 0, run.out.ends_with(" can be raced\n"));
+    EXPECT_THAT(run.text, HasSubstr(GetParam().message));
+    EXPECT_EQ(run.exit_code == 0, run.text.ends_with(" can be raced\n"));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -127,7 +126,7 @@ TEST(Units, are_those_of_the_drawing) {
     const auto fault = [&](const std::string& view_box, const std::string& transform) {
         write_file(folder / "mine.svg",
                    head + view_box + "'>" + box + transform + hole + transform + cut);
-        return run_tarvik_data(folder, "track check mine.svg").out;
+        return run_tarvik_data(folder, "track check mine.svg").text;
     };
     EXPECT_THAT(fault("0 0 10000 10000", ""), HasSubstr("fault at (2392, 2392)"));
     EXPECT_THAT(fault("-100 50 5000 5000", "translate(-100,50) scale(.5)"),

@@ -3,19 +3,31 @@
 
 #include "tests/tools/temporary_folder.h"
 
+#include <cstdio>
 #include <string>
+#include <sys/wait.h>
 
 namespace tarvik {
 
 struct ProgramRun {
     int exit_code = -1; ///< -1 when a signal ended it
-    std::string out;
-    std::string error;
+    std::string text;   ///< what it printed, errors included
 };
 
 /// Runs it in the folder with these arguments, as the shell splits them; `before` is put in front
 /// of the command line, as in "ulimit -f 8;".
-ProgramRun run_tarvik_data(const TemporaryFolder& folder, const std::string& arguments,
-                           const std::string& before = "");
+inline ProgramRun run_tarvik_data(const TemporaryFolder& folder, const std::string& arguments,
+                                  const std::string& before = "") {
+    const std::string command = "exec 2>&1; cd '" + (folder / "").string() + "'; " + before + " '" +
+                                TARVIK_DATA_PROGRAM + "' " + arguments;
+    std::FILE* output = popen(command.c_str(), "r");
+    ProgramRun run;
+    for (int byte = std::fgetc(output); byte != EOF; byte = std::fgetc(output)) {
+        run.text += static_cast<char>(byte);
+    }
+    const int status = pclose(output);
+    run.exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return run;
+}
 
 } // namespace tarvik

@@ -2,7 +2,7 @@
 #include "tools/data/build_track.h"
 
 #include "tools/data/track_drawing.h"
-#include "tools/files/new_file.h"
+#include "tools/files/whole_file.h"
 #include "tools/track/map_file.h"
 
 #include <ostream>
@@ -30,10 +30,7 @@ const char* verdict(const TrackReport& report) {
 } // namespace
 
 void build_track(const std::filesystem::path& drawing, const std::filesystem::path& map) {
-    const DrawnTrack track = draw_track(drawing);
-    NewFile file(map);
-    file.write(track.cells.data(), track.cells.size());
-    file.commit();
+    write_whole_file(map, draw_track(drawing).cells);
 }
 
 TrackReport check_track_file(const std::filesystem::path& file, std::ostream& out) {

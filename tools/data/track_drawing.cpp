@@ -3,14 +3,13 @@
 #include "tools/data/track_drawing.h"
 
 #include "tools/data/filled_area.h"
-#include "tools/data/png_page.h"
-#include "tools/data/svg_page.h"
+#include "tools/data/page.h"
+#include "tools/files/whole_file.h"
 #include "tools/track/track.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <glib.h>
+#include <memory>
 
 namespace tarvik {
 namespace {
@@ -19,16 +18,6 @@ constexpr int BAND_ROWS = 250; // 10 MB of pixels
 static_assert(MAP_SIDE % BAND_ROWS == 0);
 
 constexpr int ROAD_WIDTH = 120; // the one that docs/tracks.md speaks of
-
-std::string ending(const std::filesystem::path& file) {
-    std::string text = file.extension().string();
-    std::ranges::transform(text, text.begin(), g_ascii_tolower);
-    return text;
-}
-
-void append(std::vector<std::uint8_t>& cells, const std::vector<std::uint8_t>& more) {
-    cells.insert(cells.end(), more.begin(), more.end());
-}
 
 std::string scale_note(const Units& units) {
     char text[160];
@@ -70,24 +59,14 @@ bool is_drawing(const std::filesystem::path& file) {
 }
 
 DrawnTrack draw_track(const std::filesystem::path& drawing) {
-    DrawnTrack track;
-    if (ending(drawing) == ".png") {
-        PngPage page(drawing);
-        track.cells.reserve(MAP_BYTES);
-        for (int y = 0; y < MAP_SIDE; ++y) {
-            append(track.cells, page.row(y));
-        }
-        track.units = page.units();
-        track.notes = notes_on(track, page.grass_colours());
-    } else {
-        SvgPage page(drawing, BAND_ROWS);
-        track.cells.reserve(MAP_BYTES);
-        for (int row = 0; row < MAP_SIDE; row += BAND_ROWS) {
-            append(track.cells, page.band(row));
-        }
-        track.units = page.units();
-        track.notes = notes_on(track, page.grass_colours());
+    const std::unique_ptr<Page> page =
+        ending(drawing) == ".png" ? open_png(drawing) : open_svg(drawing, BAND_ROWS);
+    DrawnTrack track{std::vector<std::uint8_t>(MAP_BYTES), page->units, {}};
+    for (int row = 0; row < MAP_SIDE; row += BAND_ROWS) {
+        page->draw(row, {&track.cells[static_cast<std::size_t>(row) * MAP_SIDE],
+                         static_cast<std::size_t>(BAND_ROWS) * MAP_SIDE});
     }
+    track.notes = notes_on(track, page->colours);
     return track;
 }
 

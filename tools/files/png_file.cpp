@@ -2,23 +2,14 @@
 #include "tools/files/png_file.h"
 
 #include "tools/files/failure.h"
-#include "tools/files/new_file.h"
+#include "tools/files/whole_file.h"
 
-#include <cerrno>
-#include <cstdio>
 #include <cstring>
-#include <memory>
 #include <png.h>
 #include <string>
 
 namespace tarvik {
 namespace {
-
-struct CloseFile {
-    void operator()(std::FILE* file) const {
-        std::fclose(file);
-    }
-};
 
 struct PngImage : png_image {
     PngImage() : png_image{} {
@@ -38,30 +29,23 @@ void write(const std::filesystem::path& path, int width, int height, png_uint_32
     image.height = static_cast<png_uint_32>(height);
     image.format = format;
     image.colormap_entries = colours == nullptr ? 0 : 256;
-    NewFile file(path);
-    errno = 0;
-    if (png_image_write_to_stdio(&image, file.stream(), 0, pixels.data(), 0, colours) == 0) {
-        file.fail();
+    png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(image);
+    std::vector<std::uint8_t> bytes(size);
+    if (png_image_write_to_memory(&image, bytes.data(), &size, 0, pixels.data(), 0, colours) == 0) {
+        throw Failure("cannot write " + path.string() + ": " + image.message);
     }
-    file.commit();
+    write_whole_file(path, {bytes.data(), size});
 }
 
 } // namespace
 
 Picture read_png(const std::filesystem::path& path, int largest_side) {
-    const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "rb"));
-    std::uint8_t signature[8] = {};
-    if (file == nullptr ||
-        (std::fread(signature, 1, sizeof signature, file.get()) == 0 && std::ferror(file.get()))) {
-        throw Failure("cannot read " + path.string() + ": " + std::strerror(errno));
-    }
-    if (png_sig_cmp(signature, 0, sizeof signature) != 0) {
-        throw Failure(path.string() + " is not a PNG picture: export it as PNG");
-    }
-    std::rewind(file.get());
-
+    const OpenFile file = open_file(path);
     PngImage image;
-    const auto damaged = [&] { return Failure(path.string() + " is damaged: " + image.message); };
+    const auto damaged = [&] {
+        return Failure(path.string() +
+                       " is damaged or not a PNG picture: export it as PNG: " + image.message);
+    };
     if (png_image_begin_read_from_stdio(&image, file.get()) == 0) {
         throw damaged();
     }
@@ -80,6 +64,15 @@ Picture read_png(const std::filesystem::path& path, int largest_side) {
     if (png_image_finish_read(&image, nullptr, picture.rgba.data(), 0, nullptr) == 0 ||
         std::strncmp(image.message, "IDAT", 4) == 0) {
         throw damaged();
+    }
+    return picture;
+}
+
+Picture read_square_png(const std::filesystem::path& path, int largest_side) {
+    Picture picture = read_png(path, largest_side);
+    if (picture.width != picture.height) {
+        throw Failure(path.string() + " is not square: " + std::to_string(picture.width) + " by " +
+                      std::to_string(picture.height) + " pixels");
     }
     return picture;
 }

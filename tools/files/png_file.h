@@ -20,7 +20,10 @@ struct Picture {
 /// is wider or higher than `largest_side`.
 Picture read_png(const std::filesystem::path& path, int largest_side);
 
-/// As NewFile does it: an earlier picture of that name stays whole until this one is complete.
+/// The same, and throws a Failure if it is not square.
+Picture read_square_png(const std::filesystem::path& path, int largest_side);
+
+/// Writes a picture whole or not at all.
 void write_png(const std::filesystem::path& path, const Picture& picture);
 
 /// A picture of one byte a pixel, each the number of a colour.

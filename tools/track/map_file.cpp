@@ -5,20 +5,15 @@
 #include "tools/files/whole_file.h"
 #include "tools/track/track.h"
 
-#include <string>
-
 namespace tarvik {
 
 std::vector<std::uint8_t> read_map(const std::filesystem::path& path) {
-    std::error_code unknown_size;
-    std::uintmax_t size = std::filesystem::file_size(path, unknown_size);
-    std::vector<std::uint8_t> cells;
-    if (unknown_size || size == MAP_BYTES) { // a file of another size need not be read
-        cells = read_whole_file(path, MAP_BYTES);
-        size = cells.size();
-    }
-    if (size != MAP_BYTES) {
-        throw Failure(path.string() + " is not a track map: it has " + std::to_string(size) +
+    const OpenFile file = open_file(path);
+    std::vector<std::uint8_t> cells(MAP_BYTES + 1); // to see whether there are more
+    cells.resize(std::fread(cells.data(), 1, cells.size(), file.get()));
+    if (cells.size() != MAP_BYTES) {
+        throw Failure(path.string() + " is not a track map: it has " +
+                      (cells.size() > MAP_BYTES ? "more" : std::to_string(cells.size())) +
                       " bytes, a map has " + std::to_string(MAP_BYTES));
     }
     return cells;
