@@ -9,6 +9,11 @@
 
 namespace tarvik {
 
+/// It is beside the program of the tests.
+inline std::string tarvik_data_program() {
+    return std::filesystem::read_symlink("/proc/self/exe").replace_filename("tarvik-data").string();
+}
+
 struct ProgramRun {
     int exit_code = -1; ///< -1 when a signal ended it
     std::string text;   ///< what it printed, errors included
@@ -19,7 +24,7 @@ struct ProgramRun {
 inline ProgramRun run_tarvik_data(const TemporaryFolder& folder, const std::string& arguments,
                                   const std::string& before = "") {
     const std::string command = "exec 2>&1; cd '" + (folder / "").string() + "'; " + before + " '" +
-                                TARVIK_DATA_PROGRAM + "' " + arguments;
+                                tarvik_data_program() + "' " + arguments;
     std::FILE* output = popen(command.c_str(), "r");
     ProgramRun run;
     for (int byte = std::fgetc(output); byte != EOF; byte = std::fgetc(output)) {

@@ -148,8 +148,8 @@ TEST(TrackFiles, a_watched_drawing_has_its_map_made_again_whenever_it_is_saved) 
         });
     };
     write_file(folder / "a.svg", page(1));
-    std::FILE* watch = popen(("cd '" + (folder / "").string() + "'; exec '" + TARVIK_DATA_PROGRAM +
-                              "' track watch a.svg a.map 2>faults >said")
+    std::FILE* watch = popen(("cd '" + (folder / "").string() + "'; exec '" +
+                              tarvik_data_program() + "' track watch a.svg a.map 2>faults >said")
                                  .c_str(),
                              "w");
     ASSERT_NE(watch, nullptr);

@@ -7,6 +7,7 @@
 
 #include <exception>
 #include <gio/gio.h>
+#include <glib-unix.h>
 #include <iostream>
 #include <sys/stat.h>
 #include <tuple>
@@ -17,24 +18,25 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// Tells one save of a file from the next; all 0 while there is no file.
+using Save = std::tuple<ino_t, off_t, time_t, long>;
+
+Save save_of(const fs::path& path) {
+    struct stat now {};
+    stat(path.c_str(), &now);
+    return {now.st_ino, now.st_size, now.st_mtim.tv_sec, now.st_mtim.tv_nsec};
+}
+
 /// One save may cause several notices; what was already built is not built again.
 struct Watch {
     fs::path drawing;
     fs::path map;
     std::ostream& out;
-    struct stat built {};
-
-    [[nodiscard]] bool is_new(const struct stat& now) const {
-        const auto key = [](const struct stat& status) {
-            return std::tuple(status.st_ino, status.st_size, status.st_mtim.tv_sec,
-                              status.st_mtim.tv_nsec);
-        };
-        return key(now) != key(built);
-    }
+    Save built{};
 
     void look() {
-        struct stat now {};
-        if (stat(drawing.c_str(), &now) != 0 || !is_new(now)) {
+        const Save now = save_of(drawing);
+        if (now == Save{} || now == built) {
             return;
         }
         built = now;
@@ -54,13 +56,13 @@ void on_change(GFileMonitor*, GFile*, GFile*, GFileMonitorEvent event, gpointer 
     }
 }
 
-gboolean on_input(GIOChannel* input, GIOCondition, gpointer loop) {
+gboolean on_input(gint input, GIOCondition, gpointer loop) {
     char ignored[256];
-    if (read(g_io_channel_unix_get_fd(input), ignored, sizeof ignored) > 0) {
-        return TRUE;
+    if (read(input, ignored, sizeof ignored) > 0) {
+        return G_SOURCE_CONTINUE;
     }
     g_main_loop_quit(static_cast<GMainLoop*>(loop));
-    return FALSE;
+    return G_SOURCE_REMOVE;
 }
 
 } // namespace
@@ -79,15 +81,14 @@ void watch_drawing(const fs::path& drawing, const fs::path& map, std::ostream& o
     g_signal_connect(monitor, "changed", G_CALLBACK(on_change), &watch);
     std::error_code missing;
     if (fs::last_write_time(drawing) < fs::last_write_time(map, missing)) {
-        stat(drawing.c_str(), &watch.built); // what the map was made from
+        watch.built = save_of(drawing); // what the map was made from
     } else {
         watch.look();
     }
     GMainLoop* loop = g_main_loop_new(nullptr, FALSE);
-    GIOChannel* input = g_io_channel_unix_new(STDIN_FILENO);
-    g_io_add_watch(input, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP | G_IO_ERR), on_input, loop);
+    g_unix_fd_add(STDIN_FILENO, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP | G_IO_ERR), on_input,
+                  loop);
     g_main_loop_run(loop);
-    g_io_channel_unref(input);
     g_main_loop_unref(loop);
     g_object_unref(monitor);
 }

@@ -15,11 +15,8 @@ constexpr int CENTRING_ROUNDS = 24;
 constexpr double FEELER = 6.0;    // cells to either side where the clearance is looked at
 constexpr int TANGENT_POINTS = 4; // a point's direction is taken this far ahead and behind
 
-struct Point {
-    double x = 0;
-    double y = 0;
-};
-using Line = std::vector<Point>;
+using Point = CentrePoint;
+using Line = std::vector<CentrePoint>;
 
 // The points before and after i on the closed line.
 const Point& around(const Line& line, std::size_t i, int offset) {
@@ -96,11 +93,7 @@ void begin_in_box(Line& line) {
     const auto distance = [](const Point& point) {
         return std::hypot(point.x - BOX_CENTRE_X, point.y - BOX_CENTRE_Y);
     };
-    std::rotate(
-        line.begin(),
-        std::min_element(line.begin(), line.end(),
-                         [&](const Point& a, const Point& b) { return distance(a) < distance(b); }),
-        line.end());
+    std::ranges::rotate(line, std::ranges::min_element(line, {}, distance));
 }
 
 } // namespace
@@ -123,12 +116,7 @@ std::vector<CentrePoint> centre_line(TrackView track) {
         line = respaced(line);
     }
     begin_in_box(line);
-    std::vector<CentrePoint> result;
-    for (const Point& point : line) {
-        const std::size_t cell = track.index(static_cast<int>(point.x), static_cast<int>(point.y));
-        result.push_back({point.x, point.y, std::sqrt(clearance[cell])});
-    }
-    return result;
+    return line;
 }
 
 } // namespace tarvik

@@ -12,7 +12,6 @@ inline constexpr double CENTRE_SPACING = 4.0; ///< cells from one point to the n
 struct CentrePoint {
     double x = 0; ///< position in cells, as car positions are
     double y = 0;
-    double half_width = 0; ///< cells to the nearest grass, at most LARGEST_CLEARANCE
 };
 
 /// A closed line through the middle of the road in driving direction: from the middle of the

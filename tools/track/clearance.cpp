@@ -40,20 +40,17 @@ std::vector<std::uint8_t> column_distances(TrackView track) {
 // The lower envelope of the parabolas (x - site)^2 + height(site)^2 over one stretch of road.
 class RowEnvelope {
   public:
-    explicit RowEnvelope(int side)
-        : sites_(static_cast<std::size_t>(side) + 2), starts_(static_cast<std::size_t>(side) + 2) {}
-
     // The stretch is the columns first to last; the columns on both sides of it are grass.
     void fill(const std::uint8_t* heights, int first, int last, std::uint16_t* squares) {
-        count_ = 0;
+        sites_.clear();
         for (int x = first - 1; x <= last + 1; ++x) {
             const int height = x < first || x > last ? 0 : heights[x];
-            add({x, height * height});
+            add({x, height * height, first - 1});
         }
-        std::size_t k = 0;
-        for (int x = first; x <= last; ++x) {
-            while (k + 1 < count_ && starts_[k + 1] <= x) {
-                ++k;
+        std::size_t k = sites_.size() - 1;
+        for (int x = last; x >= first; --x) {
+            while (sites_[k].start > x) {
+                --k;
             }
             const int across = x - sites_[k].x;
             squares[x] =
@@ -65,18 +62,17 @@ class RowEnvelope {
     struct Site {
         int x;
         int square;
+        int start; // the first column in which it is the lowest
     };
 
     void add(Site site) {
-        while (count_ > 0) {
-            const int start = overtakes(sites_[count_ - 1], site);
-            if (count_ == 1 || start > starts_[count_ - 1]) {
-                starts_[count_] = start;
+        for (; !sites_.empty(); sites_.pop_back()) {
+            site.start = overtakes(sites_.back(), site);
+            if (site.start > sites_.back().start) {
                 break;
             }
-            --count_;
         }
-        sites_[count_++] = site;
+        sites_.push_back(site);
     }
 
     // The first column from which `later` is at least as low as `earlier`.
@@ -87,8 +83,6 @@ class RowEnvelope {
     }
 
     std::vector<Site> sites_;
-    std::vector<int> starts_;
-    std::size_t count_ = 0;
 };
 
 } // namespace
@@ -97,7 +91,7 @@ std::vector<std::uint16_t> squared_clearance(TrackView track) {
     const auto side = static_cast<std::size_t>(track.side);
     const std::vector<std::uint8_t> columns = column_distances(track);
     std::vector<std::uint16_t> squares(side * side);
-    RowEnvelope envelope(track.side);
+    RowEnvelope envelope;
     for (int y = 0; y < track.side; ++y) {
         const std::size_t row = track.index(0, y);
         const std::uint8_t* heights = &columns[row];

@@ -92,23 +92,22 @@ std::vector<KeyedCell> above_box(TrackView road) {
 } // namespace
 
 Search shortest_ways(TrackView road, std::optional<Cell> around) {
-    return {road.side, above_box(road),
-            [&](std::uint32_t from, Cell to, std::uint32_t length) {
-                return road.is_road(to.x, to.y) ? from + length : NO_WAY;
-            },
-            around};
+    const auto key = [&](std::uint32_t from, Cell to, std::uint32_t length) {
+        return road.is_road(to.x, to.y) ? from + length : NO_WAY;
+    };
+    return {road.side, above_box(road), key, around};
 }
 
 Search middle_ways(TrackView road, const Clearance& clearance, std::optional<Cell> around) {
     constexpr std::uint32_t DEAREST = 250; // keeps the keys of the longest ways small enough
-    return {road.side, above_box(road),
-            [&](std::uint32_t from, Cell to, std::uint32_t length) {
-                const std::uint32_t square = clearance[road.index(to.x, to.y)];
-                return road.is_road(to.x, to.y)
-                           ? from + length * std::min(DEAREST, 3 + 30000 / std::max(square, 1U))
-                           : NO_WAY;
-            },
-            around};
+    const auto key = [&](std::uint32_t from, Cell to, std::uint32_t length) {
+        if (!road.is_road(to.x, to.y)) {
+            return NO_WAY;
+        }
+        const std::uint32_t square = clearance[road.index(to.x, to.y)];
+        return from + length * std::min(DEAREST, 3 + 30000 / std::max(square, 1U));
+    };
+    return {road.side, above_box(road), key, around};
 }
 
 double length_of(const std::vector<Cell>& way) {
@@ -131,9 +130,8 @@ Round once_around(TrackView track, const Clearance& clearance) {
     }
     const Search search = middle_ways({road.data(), track.side}, clearance);
     if (!search.key(START)) {
-        return {false,
-                search.reached().empty() ? Cell{BOX_CENTRE_X, BOX_TOP} : search.reached().back(),
-                {}};
+        const std::vector<Cell>& reached = search.reached();
+        return {false, reached.empty() ? Cell{BOX_CENTRE_X, BOX_TOP} : reached.back(), {}};
     }
     Round round{true, START, search.way_to(START)};
     for (int y = START.y - 1; y >= BOX_TOP; --y) {
@@ -168,17 +166,16 @@ std::vector<TwoWays> second_ways(TrackView road, const Clearance& clearance,
     std::vector<TwoWays> result;
     for (const Cell island : islands(road.side, cells)) {
         const Search shortest = shortest_ways(road, island);
-        const auto one = shortest.key(START, Side::ONE);
-        const auto other = shortest.key(START, Side::OTHER);
+        const auto one = shortest.key(START, 0);
+        const auto other = shortest.key(START, 1);
         if (one && other) {
-            const Side shorter = *one <= *other ? Side::ONE : Side::OTHER;
-            const Side longer = *one <= *other ? Side::OTHER : Side::ONE;
+            const int shorter = *one <= *other ? 0 : 1;
             // Of shortest ways there are many; those in the middle of the road can be compared.
             const Search middle = middle_ways(road, clearance, island);
             const std::vector<Cell> way = middle.way_to(START, shorter);
             result.push_back({way, std::min(*one, *other) * 1.0 / LENGTH_UNITS,
                               std::max(*one, *other) * 1.0 / LENGTH_UNITS,
-                              apart(way, middle.way_to(START, longer))});
+                              apart(way, middle.way_to(START, 1 - shorter))});
         }
     }
     return result;
