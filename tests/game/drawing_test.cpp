@@ -22,10 +22,6 @@ class Drawing : public RaceTest {
         clear_frame();
     }
 
-    static void load_image(const Image& image) {
-        load_images({image});
-    }
-
     /// An image of 4 by 4 pixels whose red is 10 * row + column + 1.
     static Image numbered_image() {
         Image image = plain_image(30, 4, {0, 0, 7});
@@ -64,7 +60,7 @@ TEST_F(Drawing, StoresTheBottomRowFirstAndDropsWhatIsOutside) {
 TEST_F(Drawing, OnlyBlackPixelsOfSpritesAreTransparent) {
     Image image = plain_image(30, 2, {0, 0, 1});
     image.bytes[5] = 0; // second pixel black
-    load_image(image);
+    load_images({image});
     plot(11, 10, 255, 255, 255);
     draw_sprite(10, 10, 30);
     EXPECT_EQ(pixels_of(frame_buffer_copy(), {0, 0, 1}), "10,10 10,11 11,11");
@@ -72,46 +68,38 @@ TEST_F(Drawing, OnlyBlackPixelsOfSpritesAreTransparent) {
 }
 
 TEST_F(Drawing, SpritesAreCutAtTheEdgesOrClampedToThem) {
-    load_image(numbered_image());
-    draw_sprite(-2, -1, 30);
-    EXPECT_EQ(red_at(0, 0), 13);
-    EXPECT_EQ(red_at(1, 2), 34);
-    EXPECT_EQ(red_at(2, 0), 0);
-
-    clear_frame();
-    draw_sprite_clamped(-2, -1, 30);
-    EXPECT_EQ(red_at(0, 0), 13); // the last of six pixels that land there
-    EXPECT_EQ(red_at(1, 0), 14);
-    EXPECT_EQ(red_at(0, 2), 33);
-    EXPECT_EQ(red_at(1, 2), 34);
-
-    clear_frame();
-    draw_sprite_clamped(318, 238, 30);
-    EXPECT_EQ(red_at(318, 238), 1);
-    EXPECT_EQ(red_at(319, 239), 12);
-
-    clear_frame();
-    draw_sprite_clamped(-100, 50, 30); // wholly left of the view
-    EXPECT_EQ(red_at(0, 50), 4);
-    EXPECT_EQ(red_at(0, 53), 34);
-    EXPECT_EQ(red_at(1, 50), 0);
-
-    clear_frame();
-    draw_sprite_clamped(50, -100, 30); // wholly above it
-    EXPECT_EQ(red_at(50, 0), 31);
-    EXPECT_EQ(red_at(50, 1), 0);
+    load_images({numbered_image()});
+    using Reds = std::vector<int>;
+    const auto reds = [](auto&& draw, int at_x, int at_y,
+                         const std::vector<std::pair<int, int>>& seen) {
+        clear_frame();
+        draw(at_x, at_y, 30);
+        const Picture picture = frame_buffer_copy();
+        Reds found;
+        for (const auto& [seen_x, seen_y] : seen) {
+            found.push_back(picture.logical(seen_x, seen_y).red);
+        }
+        return found;
+    };
+    EXPECT_EQ(reds(draw_sprite, -2, -1, {{0, 0}, {1, 2}, {2, 0}}), (Reds{13, 34, 0}));
+    EXPECT_EQ(reds(draw_sprite_clamped, -2, -1, {{0, 0}, {1, 0}, {0, 2}, {1, 2}}),
+              (Reds{13, 14, 33, 34})); // at 0,0 the last of six pixels that land there
+    EXPECT_EQ(reds(draw_sprite_clamped, 318, 238, {{318, 238}, {319, 239}}), (Reds{1, 12}));
+    // Wholly left of the view, and wholly above it.
+    EXPECT_EQ(reds(draw_sprite_clamped, -100, 50, {{0, 50}, {0, 53}, {1, 50}}), (Reds{4, 34, 0}));
+    EXPECT_EQ(reds(draw_sprite_clamped, 50, -100, {{50, 0}, {50, 1}}), (Reds{31, 0}));
 }
 
 TEST_F(Drawing, OddlyShapedSpritesShowOnlyWhatTheyHold) {
-    load_image({30, 4, 1, 1, {9, 9, 9, 9}}); // one whole pixel
+    load_images({{30, 4, 1, 1, {9, 9, 9, 9}}}); // one whole pixel
     draw_sprite(0, 0, 30);
     EXPECT_EQ(pixels_of(frame_buffer_copy(), {9, 9, 9}), "0,0");
 
-    load_image({30, 2, 3, 4, std::vector<std::uint8_t>(24, 9)}); // more than its square
+    load_images({{30, 2, 3, 4, std::vector<std::uint8_t>(24, 9)}}); // more than its square
     draw_sprite(0, 0, 30);
     EXPECT_EQ(pixels_of(frame_buffer_copy(), {9, 9, 9}), "0,0 1,0 0,1 1,1");
 
-    load_image({30, -1, -1, 3, {9, 9, 9}});
+    load_images({{30, -1, -1, 3, {9, 9, 9}}});
     draw_sprite(0, 0, 30);
     draw_sprite(0, 0, 7);
     draw_sprite(0, 0, -1);
@@ -122,7 +110,7 @@ TEST_F(Drawing, OddlyShapedSpritesShowOnlyWhatTheyHold) {
 TEST_F(Drawing, AWideSpriteShowsWhatItHoldsWhereverItIsDrawn) {
     constexpr std::int32_t WIDTH = 26754; // whose square just fits the archive's sizes
     constexpr int HELD = WIDTH + 2;       // one row and two pixels
-    load_image({30, WIDTH, WIDTH, 3, std::vector<std::uint8_t>(std::size_t{HELD} * 3, 9)});
+    load_images({{30, WIDTH, WIDTH, 3, std::vector<std::uint8_t>(std::size_t{HELD} * 3, 9)}});
     draw_sprite(-WIDTH + 2, 7, 30);
     EXPECT_EQ(pixels_of(frame_buffer_copy(), {9, 9, 9}), "0,7 1,7");
 
@@ -195,9 +183,12 @@ TEST_F(Drawing, EveryCellOfTheViewIsPainted) {
     }
 }
 
-TEST_F(Drawing, AFrameThatIsNotShownHasNoTrack) {
+TEST_F(Drawing, AFrameThatIsNotShownMovesTheCarAndHasNoTrack) {
+    place(5000.0F, 5000.0F, 180.0F, 3.0F);
     quit_requested = 1;
     race_frame();
+    EXPECT_FLOAT_EQ(y, 4997.0F);
+    EXPECT_EQ(view_y, 4877);
     EXPECT_EQ(frame_buffer_copy().logical(300, 100), BLACK);
 }
 
