@@ -27,15 +27,7 @@ class Controls : public RaceTest {
     }
 };
 
-TEST_F(Controls, OnlyTheFirstGearMovesAStandingCar) {
-    EXPECT_FLOAT_EQ(throttle(1, 0.0F), 0.106F);
-    for (const std::int32_t other : {0, 2, 3, 4, 5, 6}) {
-        EXPECT_EQ(throttle(other, 0.0F), 0.0F) << "gear " << other;
-    }
-    EXPECT_EQ(throttle(0, 1.0F), 1.0F);
-}
-
-TEST_F(Controls, EachGearPullsBetweenItsBoundsOnly) {
+TEST_F(Controls, EachGearPullsBetweenItsBoundsAndOnlyTheFirstMovesAStandingCar) {
     struct Gear {
         std::int32_t number;
         float above, below, factor;
@@ -43,13 +35,16 @@ TEST_F(Controls, EachGearPullsBetweenItsBoundsOnly) {
     for (const Gear& each :
          {Gear{2, 0.3F, 1.0F, 1.03F}, Gear{3, 0.4F, 1.6F, 1.01F}, Gear{4, 0.5F, 2.1F, 1.006F},
           Gear{5, 0.6F, 2.7F, 1.003F}, Gear{6, 0.7F, 3.3F, 1.001F}}) {
-        EXPECT_EQ(throttle(each.number, each.above), each.above) << "gear " << each.number;
-        EXPECT_EQ(throttle(each.number, each.below), each.below) << "gear " << each.number;
+        for (const float outside : {0.0F, each.above, each.below}) {
+            EXPECT_EQ(throttle(each.number, outside), outside) << "gear " << each.number;
+        }
         const float inside = (each.above + each.below) / 2.0F;
         EXPECT_EQ(throttle(each.number, inside), inside * each.factor) << "gear " << each.number;
     }
+    EXPECT_EQ(throttle(0, 0.0F), 0.0F);
+    EXPECT_EQ(throttle(0, 1.0F), 1.0F);
+    EXPECT_EQ(throttle(1, 0.0F), 0.1F * 1.06F);
     EXPECT_EQ(throttle(1, 0.6F), 0.6F);
-    EXPECT_EQ(throttle(1, 0.1F), 0.1F * 1.06F);
 }
 
 TEST_F(Controls, BrakeBandsExcludeTheirBounds) {
@@ -64,23 +59,20 @@ TEST_F(Controls, BrakeBandsExcludeTheirBounds) {
 }
 
 TEST_F(Controls, GearKeysWaitAndAreConsumedAlsoAtTheLastGear) {
-    gear[PLAYER_SLOT] = TOP_GEAR;
-    key_down[KEY_A] = 1;
-    race_frame();
-    EXPECT_EQ(gear[PLAYER_SLOT], TOP_GEAR);
-    EXPECT_EQ(key_down[KEY_A], 0);
-    EXPECT_EQ(scripted::slept_ms, 300U);
-
-    gear[PLAYER_SLOT] = 0;
-    key_down[KEY_Z] = 1;
-    race_frame();
-    EXPECT_EQ(gear[PLAYER_SLOT], 0);
-    EXPECT_EQ(scripted::slept_ms, 600U);
-
-    key_down[KEY_A] = key_down[KEY_Z] = 1; // up and down again, and both wait
-    race_frame();
-    EXPECT_EQ(gear[PLAYER_SLOT], 0);
-    EXPECT_EQ(scripted::slept_ms, 1200U);
+    struct Press {
+        std::int32_t from, up, down, to;
+        std::uint64_t waited_ms;
+    };
+    for (const Press& keys : {Press{TOP_GEAR, 1, 0, TOP_GEAR, 300}, Press{0, 0, 1, 0, 600},
+                              Press{0, 1, 1, 0, 1200}}) { // up and down again, and both wait
+        gear[PLAYER_SLOT] = keys.from;
+        key_down[KEY_A] = keys.up;
+        key_down[KEY_Z] = keys.down;
+        race_frame();
+        EXPECT_EQ(gear[PLAYER_SLOT], keys.to);
+        EXPECT_EQ(key_down[KEY_A] + key_down[KEY_Z], 0);
+        EXPECT_EQ(scripted::slept_ms, keys.waited_ms);
+    }
 }
 
 TEST_F(Controls, TheBrakeFollowsTheThrottleAndTheGearsFollowBoth) {

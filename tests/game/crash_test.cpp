@@ -31,7 +31,7 @@ class Crash : public RaceTest {
     }
 };
 
-TEST_F(Crash, AdvancedResetsAtThreeCornersAndNobodyOnTheRoadWithoutADraw) {
+TEST_F(Crash, AdvancedResetsAtThreeCornersWithoutADraw) {
     for (const std::uint32_t seed : {1U, 2U, 3U}) {
         for (const std::int32_t corners : {0, 1, 2, 3, 4}) {
             EXPECT_EQ(resets(ADVANCED, corners, seed), corners >= 3);
@@ -65,7 +65,7 @@ TEST_F(Crash, GivesUpALapBeyondItsLimitWithoutADraw) {
     EXPECT_EQ(cycle[PLAYER_SLOT], 0);
 }
 
-TEST_F(Crash, AResetInTheBoxCompletesNoLapAndKeepsBestLapGhostsAndSettingsOnly) {
+TEST_F(Crash, AResetKeepsBestLapGhostsAndSettingsOnly) {
     place(2400.0F, 2400.0F, 77.0F, 2.0F);
     best_cycle[PLAYER_SLOT] = 700;
     ghost_x[2][5] = 42.0F;

@@ -11,7 +11,7 @@
 namespace tarvik::test {
 namespace {
 
-class InvariantsTest : public RaceTest {};
+class InvariantCheck : public RaceTest {};
 
 /// Sets `value` to `bad` for as long as it takes to see that the fault is named.
 template <typename T>
@@ -22,7 +22,7 @@ void expect_named(Invariants& invariants, const char* name, T& value, T bad) {
     EXPECT_EQ(invariants.fault(), "");
 }
 
-TEST_F(InvariantsTest, hold_on_a_drive_and_name_each_planted_fault) {
+TEST_F(InvariantCheck, NamesEachPlantedFault) {
     Invariants invariants;
     key_down[VK_UP] = 1;
     key_down[VK_LEFT] = 1;

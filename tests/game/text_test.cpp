@@ -19,7 +19,7 @@ class Text : public RaceTest {
     }
 };
 
-TEST_F(Text, DrawsTheSetCellsOfEachGlyphAfterTheWidthsOfThoseBefore) {
+TEST_F(Text, DrawsGlyphsSideBySide) {
     EXPECT_EQ(drawn("A", 0, 0), "1,3 0,4 2,4 0,5 1,5 2,5 0,6 2,6 0,7 2,7");
     EXPECT_EQ(drawn("", 0, 0), "");
     EXPECT_EQ(drawn("AA", 317, 235), "318,238 317,239 319,239"); // cut at the view's edges
@@ -38,24 +38,15 @@ TEST_F(Text, SkipsCharactersWithoutAGlyph) {
               drawn("AA", 0, 0));
 }
 
-TEST_F(Text, TheFontIsWellFormed) {
-    int glyphs = 0;
+TEST_F(Text, TheFontIsComplete) {
     std::uint32_t checksum = 2166136261U; // of all glyphs, by FNV-1a: one cell changed is noticed
     for (int code = 0; code < GLYPH_COUNT; ++code) {
         const char* glyph = glyph_table[code];
         ASSERT_EQ(glyph == nullptr, code < 32 || code == 96 || code > 122) << code;
-        if (glyph == nullptr) {
-            continue;
+        for (const char cell : std::string(glyph == nullptr ? "" : glyph)) {
+            checksum = (checksum ^ static_cast<unsigned char>(cell)) * 16777619U;
         }
-        ++glyphs;
-        for (const char* cell = glyph; *cell != '\0'; ++cell) {
-            checksum = (checksum ^ static_cast<unsigned char>(*cell)) * 16777619U;
-        }
-        EXPECT_EQ(std::strlen(glyph), code == ' ' ? 80U : 88U) << code;
-        EXPECT_EQ(glyph[1], code == '_' ? '7' : '8') << code;
-        EXPECT_EQ(std::string(glyph).find_first_not_of("01", 2), std::string::npos) << code;
     }
-    EXPECT_EQ(glyphs, 90);
     EXPECT_EQ(checksum, 3437754212U);
 }
 
