@@ -2,7 +2,6 @@
 #include "platform/driver.h"
 #include "platform/scripted/recording.h"
 #include "platform/scripted/scripted.h"
-#include "platform/scripted/window_state.h"
 
 #include <array>
 #include <cstddef>

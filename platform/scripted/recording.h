@@ -1,4 +1,4 @@
-// Writing down the game's calls.
+// What the calls share: the window's procedure, handles, and writing the calls down.
 #pragma once
 
 #include "platform/win32.h"
@@ -10,6 +10,9 @@ const HWND WINDOW = reinterpret_cast<HWND>(0x10);
 const HDC DEVICE_CONTEXT = reinterpret_cast<HDC>(0x20);
 const HGLRC GL_CONTEXT = reinterpret_cast<HGLRC>(0x30);
 const HMODULE MODULE = reinterpret_cast<HMODULE>(0x40);
+
+/// Procedure of the registered class; null while there is none.
+extern WNDPROC window_procedure;
 
 /// The name of one of the handles above, "null", or "?" for anything else.
 const char* name_of(const void* handle);

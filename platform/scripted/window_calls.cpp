@@ -1,7 +1,6 @@
 // A window that exists in name only.
 #include "platform/scripted/recording.h"
 #include "platform/scripted/scripted.h"
-#include "platform/scripted/window_state.h"
 
 namespace tarvik::scripted {
 

@@ -5,17 +5,10 @@
 #include "race/view.h"
 
 #include <cstring>
-#include <initializer_list>
 
 namespace tarvik::test {
 
 namespace {
-
-std::uint64_t word_at(const unsigned char* bytes) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes, sizeof word);
-    return word;
-}
 
 template <typename... Values>
 void add_values(Hash& hash, const Values&... values) {
@@ -27,8 +20,10 @@ void add_values(Hash& hash, const Values&... values) {
 void Hash::add(const void* data, std::size_t size) {
     const auto* bytes = static_cast<const unsigned char*>(data);
     for (; size >= sizeof(std::uint64_t); size -= sizeof(std::uint64_t)) {
-        add_word(word_at(bytes));
-        bytes += sizeof(std::uint64_t);
+        std::uint64_t word = 0;
+        std::memcpy(&word, bytes, sizeof word);
+        add_word(word);
+        bytes += sizeof word;
     }
     for (; size > 0; --size) {
         add_word(*bytes++);
