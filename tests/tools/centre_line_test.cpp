@@ -23,6 +23,7 @@ TEST(CentreLine, runs_once_around_in_the_middle_of_the_road) {
         const double step = std::hypot(next.x - point.x, next.y - point.y);
         length += step;
         EXPECT_NEAR(step, CENTRE_SPACING, 0.5);
+        EXPECT_GT(std::hypot(point.x - 1650, point.y - 2200), 49) << "it cuts the inner corner";
         if (point.x < 1800 && point.y > 2300 && point.y < 2450) { // the left arm
             EXPECT_NEAR(point.x, 1600, 1.5);
             EXPECT_GT(next.y, point.y);

@@ -92,12 +92,14 @@ INSTANTIATE_TEST_SUITE_P(
                 "fault at (1096, 1246): the start/finish box, (1096, 1246) to (1104, 1254), is"}),
     [](const testing::TestParamInfo<Mistake>& tried) { return tried.param.name; });
 
-// White paper is no mistake.
+// White paper is no mistake, nor is a long line whose edges are blended.
 TEST(Check, says_nothing_of_a_drawing_without_mistakes_but_its_measures) {
     const TemporaryFolder folder;
     for (const std::string background : {"#00c800", "#fff"}) {
-        write_file(folder / "mine.svg",
-                   edited({"", {{"fill=\"#00c800\"", "fill=\"" + background + '"'}}, ""}));
+        write_file(folder / "mine.svg", edited({"",
+                                                {{"fill=\"#00c800\"", "fill=\"" + background + '"'},
+                                                 line("M 9002.6,2000 V 8000", "#3c3c3c", 61)},
+                                                ""}));
         const ProgramRun run = run_tarvik_data(folder, "track check mine.svg");
         EXPECT_THAT(run.text, StartsWith("note at ("));
         EXPECT_THAT(run.text, EndsWith(" frames at top speed\nmine.svg can be raced\n"));

@@ -26,12 +26,9 @@ bool is_road(const std::string& map, int x, int y) {
            static_cast<char>(CELL_ROAD);
 }
 
-/// A ring in the middle of a page of 10 by 10 units, 1000 cells each.
-std::string ring(const std::string& width) {
-    return drawing("viewBox='0 0 10 10'", "<circle cx='5' cy='5' r='4' fill='none' "
-                                          "stroke='#3c3c3c' stroke-width='" +
-                                              width + "'/>");
-}
+/// On a page of 10 by 10 units, 1000 cells each, 400 cells wide and 4000 from the middle.
+const std::string RING = drawing("viewBox='0 0 10 10'", "<circle cx='5' cy='5' r='4' fill='none' "
+                                                        "stroke='#3c3c3c' stroke-width='.4'/>");
 
 // A page of 100 by 100 units, without a viewBox: a unit is 100 cells.
 TEST(TrackFiles, a_drawing_becomes_road_and_grass_by_its_colours) {
@@ -58,26 +55,19 @@ TEST(TrackFiles, a_drawing_becomes_road_and_grass_by_its_colours) {
     }
 }
 
-TEST(TrackFiles, a_preview_with_a_pixel_a_cell_gives_the_same_map_back) {
+TEST(TrackFiles, a_map_comes_back_from_a_preview_the_same_or_with_smooth_edges) {
     const TemporaryFolder folder;
-    write_file(folder / "a.svg", ring(".1"));
-    ASSERT_EQ(run_tarvik_data(folder, "track build a.svg a.map").text, "");
-    ASSERT_EQ(run_tarvik_data(folder, "track preview a.map a.png --size 10000").text, "");
-    ASSERT_EQ(run_tarvik_data(folder, "track import a.png b.map").text, "");
-    const std::string map = read_file(folder / "a.map");
-    EXPECT_TRUE(map == read_file(folder / "b.map"));
-    EXPECT_TRUE(is_road(map, 9000, 5000));
-}
+    write_file(folder / "a.svg", RING);
+    for (const std::string arguments :
+         {"build a.svg a.map", "preview a.map cells.png --size 10000", "import cells.png cells.map",
+          "preview a.map small.png --size 500", "import small.png small.map"}) {
+        ASSERT_EQ(run_tarvik_data(folder, "track " + arguments).text, "");
+    }
+    EXPECT_TRUE(read_file(folder / "a.map") == read_file(folder / "cells.map"));
 
-// By way of a small picture: the edges lie where they were, to a fraction of a pixel.
-TEST(TrackFiles, a_small_picture_is_scaled_up_with_smooth_edges) {
-    const TemporaryFolder folder;
-    write_file(folder / "a.svg", ring(".4"));
-    ASSERT_EQ(run_tarvik_data(folder, "track build a.svg a.map").text, "");
-    ASSERT_EQ(run_tarvik_data(folder, "track preview a.map a.png --size 500").text, "");
-    EXPECT_EQ(read_png(folder / "a.png", 500).width, 500);
-    ASSERT_EQ(run_tarvik_data(folder, "track build a.png a.map").text, "");
-    const std::string map = read_file(folder / "a.map");
+    // The edges are where they were, to a fraction of the small picture's pixels of 20 cells.
+    EXPECT_EQ(read_png(folder / "small.png", 500).width, 500);
+    const std::string map = read_file(folder / "small.map");
     for (int degree = 0; degree < 360; ++degree) {
         const auto road_at = [&](double radius) {
             const double angle = degree * 3.14159265 / 180;
@@ -93,7 +83,7 @@ TEST(TrackFiles, bad_inputs_are_refused_in_a_line_and_the_earlier_map_is_kept) {
     const TemporaryFolder folder;
     write_file(folder / "kept.map", "earlier");
     write_file(folder / "text.svg", "no drawing\n");
-    write_file(folder / "good.svg", ring("1"));
+    write_file(folder / "good.svg", RING);
     write_file(folder / "text.png", "no picture\n");
     write_png(folder / "oblong.png", Picture{2, 1, {0, 0, 0, 255, 0, 0, 0, 255}});
     write_file(folder / "empty.map", "");

@@ -2,7 +2,6 @@
 // four bytes a pixel would take 400 MB.
 #include "tools/data/build_track.h"
 
-#include "tools/data/filled_area.h"
 #include "tools/data/page.h"
 #include "tools/files/whole_file.h"
 #include "tools/track/map_file.h"
@@ -55,11 +54,6 @@ std::vector<std::string> notes_on(const DrawnTrack& track) {
     if (std::memchr(track.cells.data(), CELL_ROAD, track.cells.size()) == nullptr) {
         notes.emplace_back("there is no road: draw one in #3c3c3c, as a line without a fill (a "
                            "picture that the drawing only links to is left out)");
-    }
-    if (const auto cell = filled_area(track.cells)) {
-        notes.push_back("all is road around " + track.units.place(cell->x, cell->y) + ", " +
-                        track.units.length(FILLED_SIDE) +
-                        " and more across: no fill wanted, if that is the inside of a loop");
     }
     return notes;
 }

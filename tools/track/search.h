@@ -80,9 +80,10 @@ class Search {
                     const Waiting to{next, way_class ^ crossed};
                     const std::uint32_t known = states_[index(next, to.way_class)];
                     if (known == 0 || known >> KEY_BIT > now + 1) { // else there is nothing to gain
-                        const std::uint32_t key = step_key(now, next, i < STRAIGHT_STEPS ? 5U : 7U);
-                        if (key != NO_WAY) {
-                            reach(to, key,
+                        const std::uint32_t next_key =
+                            step_key(now, next, i < STRAIGHT_STEPS ? 5U : 7U);
+                        if (next_key != NO_WAY) {
+                            reach(to, next_key,
                                   (i + 1) | static_cast<std::uint32_t>(crossed) << CROSSED_BIT);
                         }
                     }

@@ -46,6 +46,9 @@ struct TrackView {
         return static_cast<std::size_t>(y) * static_cast<std::size_t>(side) +
                static_cast<std::size_t>(x);
     }
+    [[nodiscard]] Cell cell_at(std::ptrdiff_t index) const {
+        return {static_cast<int>(index % side), static_cast<int>(index / side)};
+    }
     /// Everything outside the grid is grass, as it is for the car.
     [[nodiscard]] bool is_road(int x, int y) const {
         return contains(x, y) && cells[index(x, y)] != CELL_GRASS;

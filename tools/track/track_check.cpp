@@ -54,9 +54,13 @@ class Check {
     Check(TrackView track, const Units& units) : track_(track), units_(units) {}
 
     TrackReport run() {
+        const Clearance clearance = squared_clearance(track_);
+        if (const auto cell = filled_area(track_, clearance)) {
+            warning(*cell, "all is road here, " + length(FILLED_WIDTH) +
+                               " and more across: no fill wanted, if this is the inside of a loop");
+        }
         check_start();
         if (report_.can_be_raced()) {
-            const Clearance clearance = squared_clearance(track_);
             const Round round = once_around(track_, clearance);
             report_.has_loop = round.is_closed;
             if (!round.is_closed) {
@@ -268,8 +272,7 @@ class Check {
         const Cells near = grown(road, SCENERY_DISTANCE);
         for (std::size_t i = 0; i < near.size(); ++i) {
             if (near[i] == CELL_ROAD && course[i] == CELL_GRASS && track_.cells[i] != CELL_GRASS) {
-                const auto side = static_cast<std::size_t>(track_.side);
-                warning({static_cast<int>(i % side), static_cast<int>(i / side)},
+                warning(track_.cell_at(static_cast<std::ptrdiff_t>(i)),
                         "decoration is close to the road here: leave " + length(SCENERY_DISTANCE) +
                             " of grass between them");
                 break;

@@ -161,6 +161,15 @@ Width narrowest(TrackView track, const Clearance& clearance, const std::vector<C
     return {place, 2 * static_cast<int>(std::sqrt(least))};
 }
 
+std::optional<Cell> filled_area(TrackView track, const Clearance& clearance) {
+    constexpr int SQUARE = FILLED_WIDTH / 2 * FILLED_WIDTH / 2;
+    static_assert(SQUARE <= LARGEST_CLEARANCE * LARGEST_CLEARANCE);
+    const auto filled =
+        std::ranges::find_if(clearance, [](std::uint16_t square) { return square >= SQUARE; });
+    return filled == clearance.end() ? std::nullopt
+                                     : std::optional(track.cell_at(filled - clearance.begin()));
+}
+
 std::vector<TwoWays> second_ways(TrackView road, const Clearance& clearance,
                                  const std::vector<Cell>& cells) {
     std::vector<TwoWays> result;

@@ -53,6 +53,11 @@ struct Width {
 Width narrowest(TrackView track, const Clearance& clearance, const std::vector<Cell>& way,
                 double distance);
 
+/// Roads and wide places are narrower than this; the inside of a loop hardly ever is.
+inline constexpr int FILLED_WIDTH = 400;
+/// A cell in the middle of so much road.
+std::optional<Cell> filled_area(TrackView track, const Clearance& clearance);
+
 /// Two ways from above the box to the start, on both sides of something.
 struct TwoWays {
     std::vector<Cell> shorter; ///< in the middle of the road
