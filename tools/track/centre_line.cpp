@@ -93,7 +93,7 @@ void begin_in_box(Line& line) {
     const auto distance = [](const Point& point) {
         return std::hypot(point.x - BOX_CENTRE_X, point.y - BOX_CENTRE_Y);
     };
-    std::ranges::rotate(line, std::ranges::min_element(line, {}, distance));
+    std::rotate(line.begin(), std::ranges::min_element(line, {}, distance), line.end());
 }
 
 } // namespace
