@@ -36,7 +36,7 @@ class Uninterrupted {
     Uninterrupted& operator=(const Uninterrupted&) = delete;
 
   private:
-    sigset_t before_;
+    sigset_t before_{};
 };
 
 bool write(const fs::path& path, std::span<const std::uint8_t> bytes) {
@@ -81,9 +81,9 @@ void write_whole_file(const fs::path& path, std::span<const std::uint8_t> bytes)
         done = done && std::rename(beside.c_str(), target.c_str()) == 0;
     }
     if (!done) {
-        const Failure failure("cannot write " + path.string() + ": " + std::strerror(errno));
+        const int reason = errno;
         fs::remove(beside, error);
-        throw failure;
+        throw Failure("cannot write " + path.string() + ": " + std::strerror(reason));
     }
 }
 
