@@ -51,8 +51,10 @@ TEST(WholeFile, is_whole_and_leaves_nothing_else_behind_when_interrupted) {
         const std::vector<std::uint8_t> bytes(std::size_t{1} << 26U);
         std::signal(number, SIG_DFL); // whatever the shell ignores in its background
         const pid_t child = fork();
-        while (child == 0) {
-            write_whole_file(folder / "kept", bytes);
+        if (child == 0) {
+            for (;;) {
+                write_whole_file(folder / "kept", bytes);
+            }
         }
         while (folder.names().empty()) {
             usleep(100);

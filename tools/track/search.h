@@ -46,7 +46,7 @@ class Search {
         }
         struct Waiting {
             Cell cell;
-            int way_class;
+            int way_class = 0;
         };
         std::vector<std::vector<Waiting>> buckets(LARGEST_RISE); // by key, used in turn
         std::size_t waiting = 0;
