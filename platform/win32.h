@@ -44,7 +44,6 @@ using WPARAM = UINT_PTR;
 using LPARAM = LONG_PTR;
 using LRESULT = LONG_PTR;
 using LPVOID = void*;
-using LPCVOID = const void*;
 using LPSTR = char*;
 using LPCSTR = const char*;
 using LPDWORD = DWORD*;
@@ -113,7 +112,6 @@ inline constexpr int VK_RIGHT = 0x27;
 inline constexpr int VK_DOWN = 0x28;
 inline constexpr int VK_F1 = 0x70;
 inline constexpr int VK_F2 = 0x71;
-inline constexpr int VK_F10 = 0x79;
 inline constexpr int VK_OEM_4 = 0xDB;
 inline constexpr int VK_OEM_6 = 0xDD;
 
@@ -190,59 +188,10 @@ struct PIXELFORMATDESCRIPTOR {
 };
 static_assert(sizeof(PIXELFORMATDESCRIPTOR) == 40);
 
-struct SECURITY_ATTRIBUTES {
-    DWORD nLength;
-    LPVOID lpSecurityDescriptor;
-    BOOL bInheritHandle;
-};
-using LPSECURITY_ATTRIBUTES = SECURITY_ATTRIBUTES*;
-
-struct OVERLAPPED {
-    ULONG_PTR Internal;
-    ULONG_PTR InternalHigh;
-    DWORD Offset;
-    DWORD OffsetHigh;
-    HANDLE hEvent;
-};
-using LPOVERLAPPED = OVERLAPPED*;
-
-struct POINTL {
-    LONG x;
-    LONG y;
-};
-
-struct DEVMODEA {
-    BYTE dmDeviceName[32];
-    WORD dmSpecVersion;
-    WORD dmDriverVersion;
-    WORD dmSize;
-    WORD dmDriverExtra;
-    DWORD dmFields;
-    POINTL dmPosition;
-    DWORD dmDisplayOrientation;
-    DWORD dmDisplayFixedOutput;
-    SHORT dmColor;
-    SHORT dmDuplex;
-    SHORT dmYResolution;
-    SHORT dmTTOption;
-    SHORT dmCollate;
-    BYTE dmFormName[32];
-    WORD dmLogPixels;
-    DWORD dmBitsPerPel;
-    DWORD dmPelsWidth;
-    DWORD dmPelsHeight;
-    DWORD dmDisplayFlags;
-    DWORD dmDisplayFrequency;
-    DWORD dmICMMethod;
-    DWORD dmICMIntent;
-    DWORD dmMediaType;
-    DWORD dmDitherType;
-    DWORD dmReserved1;
-    DWORD dmReserved2;
-    DWORD dmPanningWidth;
-    DWORD dmPanningHeight;
-};
-static_assert(sizeof(DEVMODEA) == 156);
+// The game passes null for these, so no one needs to know what is in them.
+using LPSECURITY_ATTRIBUTES = struct SECURITY_ATTRIBUTES*;
+using LPOVERLAPPED = struct OVERLAPPED*;
+struct DEVMODEA;
 
 extern "C" {
 

@@ -19,24 +19,22 @@ inline constexpr int VK_MENU = 0x12; // Alt
 inline constexpr int VK_F4 = 0x73;
 inline constexpr int VK_F11 = 0x7A;
 
-/// A key of a full keyboard.
+/// A key that means something to the game or to its window, wherever the layout has its letters.
 struct Key {
-    std::uint8_t place;         ///< USB keyboard usage
-    std::uint8_t virtual_key;   ///< code of the place; for letters that of a US layout
-    std::uint8_t keypad_motion; ///< code on the keypad while Num Lock is off, else 0
-    const char* xkb_name;       ///< name of the place in the X keyboard extension, 4 characters
-    const char* web_code;       ///< name of the place in a browser, KeyboardEvent's `code`
+    std::uint8_t place;       ///< USB keyboard usage
+    std::uint8_t virtual_key; ///< code of the place; for letters that of a US layout
+    const char* xkb_name;     ///< name of the place in the X keyboard extension, up to 4 characters
+    const char* web_code;     ///< name of the place in a browser, KeyboardEvent's `code`
 };
 
-/// Every key that has a virtual-key code.
 std::span<const Key> all_keys();
 
-/// The place that a browser gives a name to, 0 when no key is known by it.
+/// The place that a browser gives a name to, 0 for a key that only types a character or nothing.
 int place_of_web_code(std::string_view code);
 
 /// A press or release, with what the layout and the held keys make of it.
 struct KeyChange {
-    int place = 0;               ///< USB keyboard usage
+    int place = 0;               ///< USB keyboard usage; 0 will do for a key not in the table
     std::uint32_t character = 0; ///< Unicode character without modifiers; 0 when there is none
     bool down = false;
     bool was_down = false; ///< a press by auto-repeat, or a release
@@ -45,8 +43,8 @@ struct KeyChange {
     bool num_lock = false;
 };
 
-/// The virtual-key code of the key at a place, 0 when it has none. Letters go by the character;
-/// digits, brackets and all else by the place.
+/// The virtual-key code of the key at a place, 0 when it has none that matters. Letters go by the
+/// character; digits, brackets and all else by the place.
 int virtual_key_of(int place, std::uint32_t character, bool num_lock);
 
 /// Fills in the message of a key change (its time excepted). False for a key without a code.

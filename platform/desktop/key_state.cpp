@@ -13,15 +13,16 @@ namespace {
 
 // Wayland reports only those keys that go down while the window has the focus.
 bool sdl_key_is_held(int virtual_key) {
-    const Uint8* held = SDL_GetKeyboardState(nullptr);
+    int places = 0;
+    const Uint8* held = SDL_GetKeyboardState(&places);
     const bool num_lock = (SDL_GetModState() & KMOD_NUM) != 0;
-    for (const tarvik::Key& key : tarvik::all_keys()) {
-        if (held[key.place] == 0) {
+    for (int place = 0; place < places; ++place) {
+        if (held[place] == 0) {
             continue;
         }
-        const SDL_Keycode code = SDL_GetKeyFromScancode(static_cast<SDL_Scancode>(key.place));
+        const SDL_Keycode code = SDL_GetKeyFromScancode(static_cast<SDL_Scancode>(place));
         const auto character = static_cast<std::uint32_t>(code);
-        if (tarvik::virtual_key_of(key.place, (character & SDLK_SCANCODE_MASK) != 0 ? 0 : character,
+        if (tarvik::virtual_key_of(place, (character & SDLK_SCANCODE_MASK) != 0 ? 0 : character,
                                    num_lock) == virtual_key) {
             return true;
         }

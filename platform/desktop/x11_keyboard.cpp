@@ -17,7 +17,7 @@ constexpr unsigned int KEY_CODE_COUNT = 256;
 // A connection of its own, so that a key can be asked for while no window exists.
 Display* connection = nullptr;
 
-// The place of each X key code as a USB keyboard usage, 0 where there is no key known to us.
+// The place of each X key code as a USB keyboard usage, 0 for those that only have a character.
 std::array<std::uint8_t, KEY_CODE_COUNT> place_of_code{};
 
 // The keys that the window has seen go down and not up: one bit for each X key code.
@@ -98,7 +98,7 @@ bool x11_key_is_held(int virtual_key) {
     XkbStateRec state{};
     bool state_known = false;
     for (unsigned int code = 0; code < KEY_CODE_COUNT; ++code) {
-        if (!is_set(held, code) || place_of_code[code] == 0) {
+        if (!is_set(held, code)) {
             continue;
         }
         if (!state_known) {
