@@ -37,18 +37,16 @@ void write_graphics(const std::filesystem::path& path) {
 
 } // namespace
 
-int pictures_in_a_second(Player& player) {
+double pictures_in_a_second(Player& player) {
     player.wait_for_picture();
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(1);
     const int first = player.count_pictures();
-    while (std::chrono::steady_clock::now() < end) {
+    const auto start = std::chrono::steady_clock::now();
+    std::chrono::duration<double> passed{};
+    while (passed.count() < 1) {
         player.wait_for_picture();
+        passed = std::chrono::steady_clock::now() - start;
     }
-    return player.count_pictures() - first;
-}
-
-bool is_one_line(const std::string& text) {
-    return !text.empty() && text.find('\n') == text.size() - 1;
+    return (player.count_pictures() - first) / passed.count();
 }
 
 void make_data(const std::filesystem::path& folder) {
@@ -60,7 +58,6 @@ void make_data(const std::filesystem::path& folder) {
 }
 
 void PlayTest::SetUp() {
-    ASSERT_FALSE(server_.display().empty()) << "Xvfb did not start";
     folder_ = make_folder("play");
     make_data(folder_);
 }
@@ -93,6 +90,13 @@ void PlayTest::start_game(const std::string& display, const Command& command,
     game_.emplace(command.empty() ? Command{TARVIK_PROGRAM} : command,
                   ChildProcess::Options{
                       .folder = folder_, .environment = environment, .errors = folder_ / "errors"});
+}
+
+void PlayTest::leave() {
+    player_.press(XK_Escape);
+    EXPECT_EQ(game_->wait(), 0);
+    player_.release(XK_Escape);
+    EXPECT_EQ(read(folder_ / "errors"), "");
 }
 
 std::string PlayTest::read(const std::filesystem::path& path) {

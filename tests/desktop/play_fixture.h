@@ -15,21 +15,22 @@
 
 namespace tarvik {
 
-// Where two of the status texts are.
+// Places in the window: two of the status texts, and one that shows nothing but the track.
+inline constexpr Area BARE_PLACE = {600, 300, 1, 1}; // no text and no picture there
 inline constexpr Area GEAR = {56, 58, 80, 22};
 inline constexpr Area DIFFICULTY = {56, 86, 110, 22};
 
-// Pictures of the archive, as squares of one colour.
+// Colours of the track and, as squares, of the archive's pictures.
 inline constexpr unsigned long MARKER_COLOUR = 0xC81E28;
+inline constexpr unsigned long ROAD_COLOUR = 0x3C3C3C;
+inline constexpr unsigned long GRASS_COLOUR = 0x00C800;
 inline constexpr unsigned long POINTER_COLOUR = 0x14B4F0;
 inline constexpr int MARKER_SIZE = 16;
 inline constexpr Area MARKER_AT_START = {304 + MARKER_SIZE, 64 + MARKER_SIZE, 1, 1};
 inline constexpr int POINTER_SIZE = 4;
 
-/// How many frames the window shows in the second that begins now.
-int pictures_in_a_second(Player& player);
-
-bool is_one_line(const std::string& text);
+/// The rate at which the window shows frames in the second that begins now.
+double pictures_in_a_second(Player& player);
 
 /// Puts the game's data into a folder: a track that is road everywhere, marker and pointer.
 void make_data(const std::filesystem::path& folder);
@@ -50,6 +51,9 @@ class PlayTest : public testing::Test {
     /// Starts it, where that is given, by another command or with a larger environment than usual.
     void start_game(const std::string& display, const Command& command = {},
                     const Environment& further_environment = {});
+
+    /// Holds Escape until the game has ended, normally and silently.
+    void leave();
 
     static std::string read(const std::filesystem::path& path);
 

@@ -1,7 +1,9 @@
 // Requests to the X server, and what it tells about the window.
 #include "tests/desktop/player.h"
 
+#include <algorithm>
 #include <cstring>
+#include <stdexcept>
 #include <thread>
 
 #include <X11/Xutil.h>
@@ -11,51 +13,61 @@
 
 namespace tarvik {
 
-namespace {
-
-constexpr const char* TITLE = "Quillaby - Tarvik V0.1";
-
-} // namespace
-
 Player::Player(const std::string& display) : display_(XOpenDisplay(display.c_str())) {
-    if (display_ != nullptr) {
-        // Windows come and go between two requests; that must not end the test.
-        XSetErrorHandler([](Display*, XErrorEvent*) { return 0; });
-        XSelectInput(display_, DefaultRootWindow(display_), SubstructureNotifyMask);
-        XSync(display_, False);
+    if (display_ == nullptr) {
+        throw std::runtime_error("no display " + display);
     }
+    // Windows come and go between two requests; that must not end the test.
+    XSetErrorHandler([](Display*, XErrorEvent*) { return 0; });
+    XSelectInput(display_, DefaultRootWindow(display_), SubstructureNotifyMask);
+    int errors = 0;
+    XDamageQueryExtension(display_, &damage_event_, &errors);
+    XSync(display_, False);
 }
 
 Player::~Player() {
-    if (display_ != nullptr) {
-        XCloseDisplay(display_);
+    XCloseDisplay(display_);
+}
+
+void Player::find_window(const char* title) {
+    Window root = None;
+    Window parent = None;
+    Window* children = nullptr;
+    unsigned int count = 0;
+    XQueryTree(display_, DefaultRootWindow(display_), &root, &parent, &children, &count);
+    for (unsigned int i = 0; i < count; ++i) {
+        char* name = nullptr;
+        XFetchName(display_, children[i], &name);
+        if (std::strcmp(name != nullptr ? name : "", title) == 0) {
+            window_ = children[i];
+        }
+        XFree(name);
     }
+    XFree(children);
+}
+
+bool Player::finds_window_with(const char* title, unsigned long colour, int x, int y) {
+    return waits_until([&] {
+        read_events();
+        find_window(title);
+        return window_ != None && look_at({x, y, 1, 1}) == Pixels{colour};
+    });
 }
 
 bool Player::finds_game_with(unsigned long colour, int x, int y) {
-    return waits_until([&] {
-        read_events();
-        Window root = None;
-        Window parent = None;
-        Window* children = nullptr;
-        unsigned int count = 0;
-        XQueryTree(display_, DefaultRootWindow(display_), &root, &parent, &children, &count);
-        for (unsigned int i = 0; i < count; ++i) {
-            char* name = nullptr;
-            if (XFetchName(display_, children[i], &name) != 0) {
-                window_ = std::strcmp(name, TITLE) == 0 ? children[i] : window_;
-                XFree(name);
-            }
-        }
-        XFree(children);
-        return window_ != None && look_at({x, y, 1, 1}) == Pixels{colour};
-    });
+    return finds_window_with("Quillaby - Tarvik V0.1", colour, x, y);
 }
 
 int Player::count_shown_windows() {
     XSync(display_, False);
     read_events();
     return shown_windows_;
+}
+
+Area Player::place() const {
+    XWindowAttributes window{};
+    XGetWindowAttributes(display_, window_, &window);
+    return {window.x, window.y, window.width, window.height};
 }
 
 Pixels Player::look_at(const Area& area) const {
@@ -75,6 +87,30 @@ Pixels Player::look_at(const Area& area) const {
     return pixels;
 }
 
+Pixels Player::logical_pixels(int width, int height) const {
+    const Pixels pixels = look_at({0, 0, width, height});
+    const int factor = std::max(1, std::min(width / 320, height / 240));
+    const int left = (width - 320 * factor) / 2;
+    const int top = (height - 240 * factor) / 2;
+    Pixels logical;
+    for (int at = 0; at < static_cast<int>(pixels.size()); ++at) {
+        const int x = at % width - left;
+        const int y = at / width - top;
+        unsigned long expected = 0;
+        if (x >= 0 && x < 320 * factor && y >= 0 && y < 240 * factor) {
+            const int first = (top + y - y % factor) * width + left + x - x % factor;
+            expected = pixels[static_cast<std::size_t>(first)];
+            if (first == at) {
+                logical.push_back(expected);
+            }
+        }
+        if (pixels[static_cast<std::size_t>(at)] != expected) {
+            return {};
+        }
+    }
+    return logical;
+}
+
 bool Player::waits_until(const std::function<bool()>& condition) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
     while (!condition()) {
@@ -86,45 +122,48 @@ bool Player::waits_until(const std::function<bool()>& condition) {
     return true;
 }
 
-void Player::press_code(unsigned int code) const {
-    XTestFakeKeyEvent(display_, code, True, CurrentTime);
-    XSync(display_, False);
+bool Player::sees(const Area& area, const Pixels& pixels) const {
+    return waits_until([&] { return look_at(area) == pixels; });
 }
 
-void Player::release_code(unsigned int code) const {
-    XTestFakeKeyEvent(display_, code, False, CurrentTime);
+// A window that has gone shows nothing, which is no change.
+bool Player::sees_change(const Area& area, const Pixels& before) const {
+    return waits_until([&] {
+        const Pixels now = look_at(area);
+        return !now.empty() && now != before;
+    });
+}
+
+void Player::send_key(unsigned int code, Bool down) const {
+    XTestFakeKeyEvent(display_, code, down, CurrentTime);
     XSync(display_, False);
 }
 
 void Player::press(KeySym key) const {
-    press_code(XKeysymToKeycode(display_, key));
+    send_key(XKeysymToKeycode(display_, key), True);
 }
 
 void Player::release(KeySym key) const {
-    release_code(XKeysymToKeycode(display_, key));
+    send_key(XKeysymToKeycode(display_, key), False);
 }
 
 void Player::tap(KeySym key) const {
-    press(key);
-    release(key);
+    tap_code(XKeysymToKeycode(display_, key));
+}
+
+void Player::tap_code(unsigned int code) const {
+    send_key(code, True);
+    send_key(code, False);
 }
 
 void Player::move_mouse_to(int x, int y) const {
-    int left = 0;
-    int top = 0;
-    Window child = None;
-    XTranslateCoordinates(display_, window_, DefaultRootWindow(display_), 0, 0, &left, &top,
-                          &child);
-    XTestFakeMotionEvent(display_, -1, left + x, top + y, CurrentTime);
+    const Area window = place();
+    XTestFakeMotionEvent(display_, -1, window.x + x, window.y + y, CurrentTime);
     XSync(display_, False);
 }
 
-void Player::turn_to_another_window() {
-    const Window other =
-        XCreateSimpleWindow(display_, DefaultRootWindow(display_), 0, 0, 50, 50, 0, 0, 0);
-    XMapWindow(display_, other);
-    XSync(display_, False);
-    XSetInputFocus(display_, other, RevertToPointerRoot, CurrentTime);
+void Player::turn_away() const {
+    XSetInputFocus(display_, None, RevertToNone, CurrentTime);
     XSync(display_, False);
 }
 
@@ -145,8 +184,6 @@ void Player::ask_to_close() const {
 }
 
 void Player::watch_pictures() {
-    int errors = 0;
-    XDamageQueryExtension(display_, &damage_event_, &errors);
     XDamageCreate(display_, window_, XDamageReportRawRectangles);
     XSync(display_, False);
     read_events();
@@ -174,7 +211,7 @@ void Player::read_events() {
         XNextEvent(display_, &event);
         shown_windows_ += event.type == MapNotify ? 1 : 0;
         // A frame reaches the window in one piece.
-        pictures_ += damage_event_ >= 0 && event.type == damage_event_ + XDamageNotify ? 1 : 0;
+        pictures_ += event.type == damage_event_ + XDamageNotify ? 1 : 0;
     }
 }
 

@@ -17,6 +17,7 @@ struct Area {
     int y;
     int width;
     int height;
+    bool operator==(const Area&) const = default;
 };
 
 using Pixels = std::vector<unsigned long>; ///< 0xRRGGBB, row by row
@@ -31,6 +32,9 @@ class Player {
     /// Waits for the game's window and for a frame in it that has a certain colour at a place.
     bool finds_game_with(unsigned long colour, int x, int y);
 
+    /// The same for the window of any other program.
+    bool finds_window_with(const char* title, unsigned long colour, int x, int y);
+
     /// Number of windows that have been shown since this player came.
     int count_shown_windows();
 
@@ -42,20 +46,30 @@ class Player {
         return window_;
     }
 
+    /// The window's place on the screen.
+    Area place() const;
+
     Pixels look_at(const Area& area) const;
+
+    /// The game's 320 by 240 logical pixels in a window of this size, if each is one block of the
+    /// largest size that fits, in the middle of black. Otherwise none.
+    Pixels logical_pixels(int width, int height) const;
 
     /// Waits until a condition holds. False when it does not within a minute.
     static bool waits_until(const std::function<bool()>& condition);
 
+    /// Waits until a part of the window has exactly these pixels, or until it has others.
+    bool sees(const Area& area, const Pixels& pixels) const;
+    bool sees_change(const Area& area, const Pixels& before) const;
+
     void press(KeySym key) const;
     void release(KeySym key) const;
     void tap(KeySym key) const;
-    void press_code(unsigned int code) const;
-    void release_code(unsigned int code) const;
+    void tap_code(unsigned int code) const;
     void move_mouse_to(int x, int y) const;
 
-    /// Gives the keyboard to a new window of the player's own.
-    void turn_to_another_window();
+    /// Takes the keyboard away from every window.
+    void turn_away() const;
     void turn_to_game() const;
 
     /// Sends what a window manager's close button does.
@@ -73,9 +87,11 @@ class Player {
     Window window_ = None;
     int shown_windows_ = 0;
     int pictures_ = 0;
-    int damage_event_ = -1;
+    int damage_event_ = 0;
 
     void read_events();
+    void send_key(unsigned int code, Bool down) const;
+    void find_window(const char* title);
 };
 
 } // namespace tarvik

@@ -1,11 +1,11 @@
 // Xvfb, which picks a free display number and writes it down when it is ready.
 #include "tests/desktop/x_server.h"
 
-#include <gtest/gtest.h>
+#include "tests/desktop/player.h"
 
 #include <csignal>
 #include <fstream>
-#include <thread>
+#include <stdexcept>
 
 #include <stdlib.h>
 
@@ -19,16 +19,15 @@ XServer::XServer(const std::vector<std::string>& further_arguments)
     command.insert(command.end(), further_arguments.begin(), further_arguments.end());
     const std::filesystem::path output = folder_ / "number";
     server_.emplace(command, ChildProcess::Options{.output = output, .errors = folder_ / "log"});
-
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    while (display_.empty() && server_->is_running() && std::chrono::steady_clock::now() < end) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-        std::ifstream file(output);
-        std::string number;
-        if (std::getline(file, number) && !file.eof()) { // a line is whole once it has its end
-            display_ = ":" + number;
-        }
+    std::string number;
+    Player::waits_until([&] {
+        std::ifstream file(output); // its line is whole once it has its end
+        return (std::getline(file, number) && !file.eof()) || !server_->is_running();
+    });
+    if (number.empty() || !server_->is_running()) {
+        throw std::runtime_error("Xvfb did not start");
     }
+    display_ = ":" + number;
 }
 
 XServer::~XServer() {
@@ -42,7 +41,7 @@ XServer::~XServer() {
 }
 
 std::filesystem::path make_folder(const std::string& name) {
-    std::string pattern = testing::TempDir() + "tarvik-" + name + "-XXXXXX";
+    std::string pattern = std::filesystem::temp_directory_path() / ("tarvik-" + name + "-XXXXXX");
     return mkdtemp(pattern.data());
 }
 

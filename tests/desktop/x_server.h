@@ -10,13 +10,13 @@ class XServer {
     static constexpr int WIDTH = 1366;
     static constexpr int HEIGHT = 768;
 
-    /// Starts the server and waits until it answers.
+    /// Starts the server and waits until it answers; throws if it does not.
     explicit XServer(const std::vector<std::string>& further_arguments = {});
     XServer(const XServer&) = delete;
     XServer& operator=(const XServer&) = delete;
     ~XServer();
 
-    /// The value for DISPLAY; empty when the server did not start.
+    /// The value for DISPLAY.
     const std::string& display() const {
         return display_;
     }
