@@ -8,14 +8,13 @@
 
 #include <cstdint>
 #include <cstring>
-#include <fcntl.h>
-#include <unistd.h>
+#include <fstream>
 
 namespace tarvik::bench {
 
 namespace {
 
-constexpr std::size_t PICTURE_BYTES = 921600;
+constexpr std::size_t FRAME_BYTES = 921600;
 constexpr std::size_t LAP_BYTES = 12000000;
 constexpr std::size_t GHOST_BYTES = 240000000;
 
@@ -30,26 +29,18 @@ std::uint8_t* warm(std::size_t bytes) {
 }
 
 void read_map(std::uint8_t* target) {
-    const int file = open("data/race1.map", O_RDONLY | O_CLOEXEC);
-    std::size_t done = 0;
-    while (done < TRACK_MAP_BYTES) {
-        const ssize_t count = read(file, target + done, TRACK_MAP_BYTES - done);
-        if (count <= 0) {
-            break;
-        }
-        done += static_cast<std::size_t>(count);
-    }
-    close(file);
+    std::ifstream("data/race1.map", std::ios::binary) // reads so much with one call
+        .read(reinterpret_cast<char*>(target), TRACK_MAP_BYTES);
 }
 
 } // namespace
 
-void clear_and_copy_picture() {
-    static std::uint8_t* const picture = warm(PICTURE_BYTES);
-    static std::uint8_t* const copy = warm(PICTURE_BYTES);
-    std::memset(picture, 0, PICTURE_BYTES);
+void clear_and_copy_frame() {
+    static std::uint8_t* const frame = warm(FRAME_BYTES);
+    static std::uint8_t* const copy = warm(FRAME_BYTES);
+    std::memset(frame, 0, FRAME_BYTES);
     benchmark::ClobberMemory();
-    std::memcpy(copy, picture, PICTURE_BYTES);
+    std::memcpy(copy, frame, FRAME_BYTES);
     benchmark::ClobberMemory();
 }
 

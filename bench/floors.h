@@ -5,7 +5,7 @@
 namespace tarvik::bench {
 
 /// Clearing and copying the bytes of a frame buffer once.
-void clear_and_copy_picture();
+void clear_and_copy_frame();
 
 /// Copying as much as a completed lap: 12,000,000 bytes.
 void copy_lap();

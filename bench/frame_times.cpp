@@ -1,126 +1,90 @@
-// tarvik-frame-times FILE: drives a lap in the game's window and draws each frame's time.
+// tarvik-frame-times: drives a lap in the game's window and prints a line for each frame, in
+// milliseconds: the processor time of its work, the time until the next frame, and what happened.
 //
 // The demo's driver drives two laps, the second with a ghost beside it, and then the track is
-// switched. The chart shows the second lap, its end and the switch.
-#include "bench/chart.h"
+// switched. The lines are the second lap, its end and the switch. bench/frame-times.gnuplot draws
+// them.
+#include "bench/race.h"
+#include "bench/row.h"
 #include "game/start_up.h"
 #include "platform/desktop/display.h"
 #include "platform/driver.h"
 #include "race/race_frame.h"
 #include "race/race_state.h"
-#include "race/random.h"
 #include "race/track_grid.h"
 #include "shell/input.h"
-#include "tools/demo/data_folder.h"
-#include "tools/demo/driver.h"
 
-#include <cstdio>
+#include <chrono>
 #include <cstdlib>
-#include <ctime>
 #include <exception>
-#include <filesystem>
-#include <fstream>
-#include <vector>
+#include <iostream>
+#include <sstream>
 
 namespace {
 
 using namespace tarvik;
-using namespace tarvik::bench;
 
-constexpr std::uint32_t SEED = 1;
-constexpr int LAPS = 2;
 constexpr int FRAMES_AROUND_SWITCH = 600;
 
-double seconds_on(clockid_t clock) {
-    timespec time{};
-    clock_gettime(clock, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-}
-
-FrameTime timed_frame() {
+/// A frame's line without what happened. A gear key holds the game up for 300 ms, as it should:
+/// the time until the next frame is left out.
+std::string timed_frame() {
     const std::int32_t gear_before = gear[PLAYER_SLOT];
-    const double start = seconds_on(CLOCK_MONOTONIC);
-    const double work_start = seconds_on(CLOCK_THREAD_CPUTIME_ID);
-    race_frame();
-    FrameTime frame{};
-    frame.work = seconds_on(CLOCK_THREAD_CPUTIME_ID) - work_start;
-    frame.interval = seconds_on(CLOCK_MONOTONIC) - start; // the next frame starts at once
-    frame.waited = gear[PLAYER_SLOT] != gear_before;
-    return frame;
+    const auto start = std::chrono::steady_clock::now();
+    const double work = bench::seconds_of(race_frame);
+    const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
+    std::ostringstream line;
+    line << work * 1e3 << ' ';
+    if (gear[PLAYER_SLOT] == gear_before || cycle[PLAYER_SLOT] == 0) {
+        line << time.count();
+    } else {
+        line << '-';
+    }
+    return line.str();
 }
 
-/// Frames of the last lap.
-std::vector<FrameTime> drive_laps() {
-    demo::Driver driver(demo::Style::BEST, SEED);
-    std::vector<FrameTime> frames;
-    for (int laps = 0; laps < LAPS && quit_requested == 0;) {
+/// The lines of the second lap.
+std::string drive_laps() {
+    demo::Driver driver = bench::start_race();
+    std::string lines;
+    for (int laps = 0; laps < 2 && quit_requested == 0;) {
         driver.act();
-        frames.push_back(timed_frame());
-        if (driver.look() == demo::LapEvent::LAP && ++laps < LAPS) {
-            frames.clear();
+        lines += timed_frame();
+        const bool is_lap_end = driver.look() == demo::LapEvent::LAP;
+        lines += is_lap_end ? " \"lap end\"\n" : " -\n";
+        if (is_lap_end && ++laps == 1) {
+            lines.clear();
         }
     }
-    if (!frames.empty()) {
-        frames.back().event = "lap end";
-    }
-    return frames;
+    return lines;
 }
 
-/// A map that nobody has read for a while may have left the page cache; the switch is to show what
-/// the game takes, not the disk.
-void bring_into_page_cache(const char* file_name) {
-    std::ifstream file(file_name, std::ios::binary);
-    std::vector<char> part(1 << 20);
-    while (file.read(part.data(), static_cast<std::streamsize>(part.size()))) {
-    }
-}
-
-void switch_track(std::vector<FrameTime>& frames) {
-    bring_into_page_cache("data/race2.map");
+void switch_track() {
+    load_track_map(".\\data\\race2.map"); // into the page cache: the switch is not to show the disk
+    load_track_map(".\\data\\race1.map");
     for (int i = 0; i < 2 * FRAMES_AROUND_SWITCH; ++i) {
         if (i == FRAMES_AROUND_SWITCH) {
             post_message(WM_KEYDOWN, VK_OEM_6, 0);
             post_message(WM_KEYUP, VK_OEM_6, 0);
         }
         const std::int32_t race_before = race_number;
-        frames.push_back(timed_frame());
-        if (race_number != race_before) {
-            frames.back().event = "track switch";
-            frames.back().waited = false; // the gear went with the old race
-        }
+        std::cout << timed_frame();
+        std::cout << (race_number == race_before ? " -\n" : " \"track switch\"\n");
     }
-}
-
-void run(const std::string& file_name) {
-    open_display_or_exit();
-    start_up();
-    load_track_map(".\\data\\race1.map");
-    tarvik::srand(SEED);
-    std::vector<FrameTime> frames = drive_laps();
-    switch_track(frames);
-    shut_down();
-    close_display();
-    draw_chart(frames, file_name);
 }
 
 } // namespace
 
-int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: tarvik-frame-times FILE.png\n");
-        return 2;
-    }
+int main() {
     try {
-        const std::string file_name = std::filesystem::absolute(argv[1]).string();
-        const std::string fault = demo::enter_data_folder({}, 2);
-        if (!fault.empty()) {
-            std::fprintf(stderr, "tarvik-frame-times: %s\n", fault.c_str());
-            return EXIT_FAILURE;
-        }
-        run(file_name);
+        open_display_or_exit();
+        std::cout << drive_laps();
+        switch_track();
+        shut_down();
+        close_display();
         return EXIT_SUCCESS;
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "tarvik-frame-times: %s\n", error.what());
+        std::cerr << "tarvik-frame-times: " << error.what() << '\n';
         return EXIT_FAILURE;
     }
 }

@@ -5,10 +5,7 @@
 
 namespace tarvik::bench {
 
-void add_start_rows();
-
-/// What this program does instead when it has been started for one sample: prints its result.
-/// `sample` is the name that add_start_rows' rows have given it.
-int print_sample(const std::string& sample);
+/// What this program does instead when a row has started it for one sample: prints its result.
+int print_sample(const std::string& name);
 
 } // namespace tarvik::bench

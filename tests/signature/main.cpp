@@ -11,7 +11,6 @@
 // must not have grown. DRIVE is "random", any keys at any time for COUNT frames; "endless", the
 // last COUNT frames of a lap until it is given up; or "laps", COUNT laps, each as short as a lap
 // can be.
-#include "bench/process_memory.h"
 #include "game/start_up.h"
 #include "tests/signature/drives.h"
 #include "tests/support/ring.h"
@@ -23,6 +22,7 @@
 #include <iostream>
 #include <iterator>
 #include <sstream>
+#include <stdexcept>
 
 namespace {
 
@@ -91,12 +91,25 @@ bool print_signature(const std::string& mode, const std::string& folder) {
     return good;
 }
 
+/// Bytes of this process that are in memory, as the kernel counts them.
+double memory_now() {
+    std::ifstream status("/proc/self/status");
+    std::string entry;
+    while (status >> entry && entry != "VmRSS:") {
+    }
+    double kibibytes = 0.0;
+    if (!(status >> kibibytes)) {
+        throw std::runtime_error("/proc/self/status has no VmRSS");
+    }
+    return kibibytes * 1024.0;
+}
+
 bool drive_twice(const Drive& drive, long count, std::uint32_t seed) {
     number_of(drive, 1, seed); // the allocator learns the sizes that are asked for again and again
     const std::uint64_t first = number_of(drive, count, seed);
-    const double memory = tarvik::bench::memory_now();
+    const double memory = memory_now();
     const std::uint64_t second = number_of(drive, count, seed);
-    const double growth = tarvik::bench::memory_now() - memory;
+    const double growth = memory_now() - memory;
 #ifdef __SANITIZE_ADDRESS__ // which keeps what was freed
     const bool has_grown = false;
 #else

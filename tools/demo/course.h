@@ -2,16 +2,14 @@
 // box round to where the chain began.
 #pragma once
 
+#include "tools/track/centre_line.h"
+
 #include <cstddef>
 #include <vector>
 
 namespace tarvik::demo {
 
-/// A point of the track, cells.
-struct Point {
-    double x;
-    double y;
-};
+using Point = CentrePoint;
 
 /// Distance from one place of a course to the next, cells.
 inline constexpr double PLACE_SPACING = 4.0;

@@ -1,8 +1,10 @@
-// Looks before the game does: the game itself reports nothing and leaves empty files behind.
+// The game loads track 1 first, whatever the track to drive on.
 #include "tools/demo/data_folder.h"
 
 #include "race/track_grid.h"
 
+#include <stdexcept>
+#include <string>
 #include <system_error>
 
 namespace tarvik::demo {
@@ -11,37 +13,35 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string fault_of_map(const fs::path& map) {
+void check_map(const fs::path& map) {
     std::error_code error;
     const std::uintmax_t size = fs::file_size(map, error);
     if (error) {
-        return "the track map " + map.string() + " cannot be read: " + error.message();
+        throw std::runtime_error("the track map " + map.string() +
+                                 " cannot be read: " + error.message());
     }
     if (size != TRACK_MAP_BYTES) {
-        return "the track map " + map.string() + " has " + std::to_string(size) +
-               " bytes instead of " + std::to_string(TRACK_MAP_BYTES);
+        throw std::runtime_error("the track map " + map.string() + " has " + std::to_string(size) +
+                                 " bytes instead of " + std::to_string(TRACK_MAP_BYTES));
     }
-    return {};
 }
 
 } // namespace
 
-fs::path program_folder() {
-    return fs::read_symlink("/proc/self/exe").parent_path();
+fs::path program() {
+    return fs::read_symlink("/proc/self/exe");
 }
 
-std::string enter_data_folder(const fs::path& from, int race) {
-    const fs::path folder = from.empty() ? program_folder() : fs::absolute(from);
+void enter_data_folder(const fs::path& from, int race) {
+    const fs::path folder = from.empty() ? program().parent_path() : fs::absolute(from);
+    const fs::path data = folder / "data";
     fs::current_path(folder);
-    std::string fault =
-        fault_of_map(folder / "data" / "race1.map"); // loaded first, whatever the race
-    if (fault.empty() && race != 1) {
-        fault = fault_of_map(folder / "data" / ("race" + std::to_string(race) + ".map"));
+    check_map(data / "race1.map");
+    check_map(data / ("race" + std::to_string(race) + ".map"));
+    if (!fs::exists(data / "graphics.dat")) {
+        throw std::runtime_error("the pictures " + (data / "graphics.dat").string() +
+                                 " are missing");
     }
-    if (fault.empty() && !fs::exists(folder / "data" / "graphics.dat")) {
-        fault = "the pictures " + (folder / "data" / "graphics.dat").string() + " are missing";
-    }
-    return fault;
 }
 
 } // namespace tarvik::demo

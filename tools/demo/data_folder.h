@@ -2,16 +2,15 @@
 #pragma once
 
 #include <filesystem>
-#include <string>
 
 namespace tarvik::demo {
 
-/// Folder of the running program.
-std::filesystem::path program_folder();
+/// The running program.
+std::filesystem::path program();
 
 /// Makes the folder that data/ is in the working directory, where the game looks for it; the
-/// folder of the program if `from` is empty. Returns an empty string, or in one line what is
-/// missing for driving on track `race`.
-std::string enter_data_folder(const std::filesystem::path& from, int race);
+/// folder of the program if `from` is empty. Throws, and says what is missing for driving on track
+/// `race`: the game itself reports nothing and leaves empty files behind.
+void enter_data_folder(const std::filesystem::path& from, int race);
 
 } // namespace tarvik::demo

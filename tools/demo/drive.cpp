@@ -4,9 +4,6 @@
 #include "platform/driver.h"
 #include "race/race_state.h"
 #include "race/random.h"
-#include "tools/demo/driver.h"
-#include "tools/demo/keyboard.h"
-#include "tools/demo/lap_book.h"
 #include "tools/demo/report.h"
 
 #include <cstdio>
@@ -15,7 +12,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace tarvik::demo {
 
@@ -27,14 +23,13 @@ constexpr int LOST_AFTER_FRAMES = 18000;
 struct Drive {
     Options options;
     std::uint32_t seed = 0;
-    Keyboard keyboard; ///< for the settings
+    bool has_begun = false;
     std::optional<Driver> driver;
     int known_race = 0; ///< track that the driver knows
-    LapBook book;
     Report report;
-    bool seeded = false;
-    std::vector<int> taps; ///< keys to press before the start
-    std::size_t taps_done = 0;
+    int clean_laps = 0; ///< completed without a penalty
+    int resets = 0;
+    int resets_in_lap = 0;
     int frames_since_lap = 0;
     bool failed = false;
 };
@@ -52,69 +47,91 @@ void fail(const std::string& reason) {
     end_game();
 }
 
-/// Chooses difficulty and track on the keyboard. Returns whether all of it is done.
-bool settings_are_made() {
-    if (state->taps_done == state->taps.size()) {
-        return true;
+/// Before the first frame: start-up has seeded the generator with the time.
+void begin() {
+    srand(state->seed);
+    tap('0' + state->options.difficulty);
+    if (state->options.race == 2) {
+        tap(VK_OEM_6); // the game starts with track 1
     }
-    state->taps_done += state->keyboard.tap(state->taps[state->taps_done]) ? 1 : 0;
-    return false;
+    state->has_begun = true;
 }
 
-bool take_the_wheel() {
+void take_the_wheel() {
     state->driver.emplace(state->options.style, state->seed);
-    if (!state->driver->knows_the_way()) {
-        fail("track " + std::to_string(race_number) +
-             " has no road that leads from the start/finish box round to the start");
-        return false;
-    }
     state->known_race = race_number;
     state->frames_since_lap = 0;
     public_standing.course = &state->driver->course();
-    return true;
+    if (!state->driver->knows_the_way()) {
+        fail("track " + std::to_string(race_number) +
+             " has no road that leads from the start/finish box round to the start");
+    }
 }
 
-void note_laps() {
-    const LapEvent event = state->driver->look();
-    state->book.enter(event);
-    public_standing.laps = state->book.laps();
-    if (event == LapEvent::LAP) {
-        state->report.end_lap(last_cycle[PLAYER_SLOT]);
-        state->frames_since_lap = 0;
-        if (state->options.laps && state->book.laps() >= *state->options.laps) {
-            end_game();
-        }
-        return;
+void note_lap() {
+    const int result = last_cycle[PLAYER_SLOT];
+    const int off_road = static_cast<int>(penalty[PLAYER_SLOT]);
+    state->clean_laps += off_road == 0 ? 1 : 0;
+    std::printf("lap %d: result %d (frames %d, penalty %d), resets %d\n", ++public_standing.laps,
+                result, result - off_road, off_road, state->resets_in_lap);
+    std::fflush(stdout);
+    state->resets_in_lap = 0;
+    state->frames_since_lap = 0;
+    state->report.end_lap(result);
+    if (public_standing.laps == state->options.laps) {
+        end_game();
     }
-    if (event == LapEvent::RESET) {
-        state->report.break_off();
-    }
-    if (++state->frames_since_lap > LOST_AFTER_FRAMES) {
-        fail("no lap completed in " + std::to_string(LOST_AFTER_FRAMES) +
-             " frames; the driver has lost the way");
-    }
+}
+
+void note_reset() {
+    std::printf("put back to the start\n");
+    ++state->resets;
+    ++state->resets_in_lap;
+    state->report.break_off();
 }
 
 void on_frame() {
     if (public_standing.done) {
         return;
     }
-    if (!state->seeded) { // start-up has seeded the generator with the time
-        srand(state->seed);
-        state->seeded = true;
-    }
-    if (!settings_are_made()) {
-        return;
+    if (!state->has_begun) {
+        begin();
     }
     // Whoever watches may switch tracks with the brackets.
-    if (state->known_race != race_number && !take_the_wheel()) {
+    const bool is_set =
+        difficulty == state->options.difficulty && race_number == state->options.race;
+    if (state->known_race != race_number && (is_set || state->driver)) {
+        take_the_wheel();
+    }
+    if (!state->driver || public_standing.done) {
         return;
     }
-    note_laps();
+    const LapEvent event = state->driver->look();
+    if (event == LapEvent::LAP) {
+        note_lap();
+    } else if (event == LapEvent::RESET) {
+        note_reset();
+    }
+    if (++state->frames_since_lap > LOST_AFTER_FRAMES) {
+        fail("no lap completed in " + std::to_string(LOST_AFTER_FRAMES) +
+             " frames; the driver has lost the way");
+    }
     if (!public_standing.done) {
         state->report.note_frame();
         state->driver->act();
         public_standing.place = state->driver->place();
+    }
+}
+
+void print_summary() {
+    const int laps = public_standing.laps;
+    if (laps > 0) {
+        std::printf("%d lap%s, %d without penalty, %d resets, best result %d\n", laps,
+                    laps == 1 ? "" : "s", state->clean_laps, state->resets,
+                    best_cycle[PLAYER_SLOT]);
+    }
+    if (state->options.report && state->driver) {
+        state->report.print(state->driver->middle());
     }
 }
 
@@ -124,21 +141,14 @@ int drive(const Options& options) {
     state = std::make_unique<Drive>();
     state->options = options;
     state->seed = options.seed.value_or(static_cast<std::uint32_t>(std::time(nullptr)));
-    state->taps.push_back('0' + options.difficulty);
-    if (options.race == 2) {
-        state->taps.push_back(VK_OEM_6); // the game starts with track 1
-    }
-    char no_command_line[] = "";
-    set_frame_hook(on_frame);
     if (options.headless) {
         std::printf("seed %u\n", state->seed);
     }
+    char no_command_line[] = "";
+    set_frame_hook(on_frame);
     WinMain(nullptr, nullptr, no_command_line, 0);
     set_frame_hook(nullptr);
-    state->book.print_summary();
-    if (options.report && state->driver) {
-        state->report.print(state->driver->middle());
-    }
+    print_summary();
     return state->failed ? EXIT_FAILURE : EXIT_SUCCESS;
 }
 

@@ -3,6 +3,7 @@
 
 #include "platform/driver.h"
 #include "race/car_controls.h"
+#include "race/race_state.h"
 #include "shell/input.h"
 
 namespace tarvik::demo {
@@ -17,14 +18,19 @@ bool is_gear_key(int virtual_key) {
     return virtual_key == KEY_GEAR_UP || virtual_key == KEY_GEAR_DOWN;
 }
 
+void post_key(int virtual_key, bool down) {
+    post_message(down ? WM_KEYDOWN : WM_KEYUP, static_cast<WPARAM>(virtual_key), 0);
+}
+
 } // namespace
 
-bool Keyboard::is_waiting(int gear) {
+bool Keyboard::is_waiting() {
     if (posted_key == 0) {
         return false;
     }
     const bool consumed = is_gear_key(posted_key) && posted_down; // the game clears it at once
-    const bool arrived = consumed ? gear != gear_before : is_down(posted_key) == posted_down;
+    const bool arrived =
+        consumed ? gear[PLAYER_SLOT] != gear_before : is_down(posted_key) == posted_down;
     ++frames_waited;
     if (!arrived && frames_waited < PATIENCE) {
         return true;
@@ -34,10 +40,11 @@ bool Keyboard::is_waiting(int gear) {
 }
 
 void Keyboard::post(int virtual_key, bool down) {
-    post_message(down ? WM_KEYDOWN : WM_KEYUP, static_cast<WPARAM>(virtual_key), 0);
+    post_key(virtual_key, down);
     posted_key = virtual_key;
     posted_down = down;
     frames_waited = 0;
+    gear_before = gear[PLAYER_SLOT];
 }
 
 /// Whether a message was necessary.
@@ -49,11 +56,10 @@ bool Keyboard::hold(int virtual_key, bool down) {
     return true;
 }
 
-void Keyboard::act(const Wish& wish, int gear) {
-    if (is_waiting(gear)) {
+void Keyboard::act(const Wish& wish) {
+    if (is_waiting()) {
         return;
     }
-    gear_before = gear;
     // A key goes up before its counterpart goes down.
     const bool left = wish.steer > 0;
     const bool right = wish.steer < 0;
@@ -74,21 +80,9 @@ void Keyboard::act(const Wish& wish, int gear) {
     }
 }
 
-bool Keyboard::tap(int virtual_key) {
-    if (is_waiting(gear_before)) {
-        return false;
-    }
-    if (tapped_key == 0) {
-        tapped_key = virtual_key;
-        post(virtual_key, true);
-        return false;
-    }
-    if (is_down(tapped_key)) {
-        post(tapped_key, false);
-        return false;
-    }
-    tapped_key = 0;
-    return true;
+void tap(int virtual_key) {
+    post_key(virtual_key, true);
+    post_key(virtual_key, false);
 }
 
 } // namespace tarvik::demo

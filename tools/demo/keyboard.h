@@ -5,22 +5,23 @@
 // the pedals before the gears.
 #pragma once
 
-#include "tools/demo/pilot.h"
-
 namespace tarvik::demo {
+
+/// What the driver wants the keys to do.
+struct Wish {
+    int steer; ///< 1 left, -1 right, 0 neither
+    bool throttle;
+    bool brake;
+    int shift; ///< 1 one gear up, -1 one down, 0 none
+};
 
 class Keyboard {
   public:
-    /// Moves one key towards what is wanted. To be called once a frame; `gear` is the car's, and
-    /// tells whether a gear key has done its work.
-    void act(const Wish& wish, int gear);
-
-    /// Presses a key that is no part of driving, and lets it go again, before all others. To be
-    /// called once a frame until it returns true: the key is up again.
-    bool tap(int virtual_key);
+    /// Moves one key towards what is wanted. To be called once a frame.
+    void act(const Wish& wish);
 
   private:
-    bool is_waiting(int gear);
+    bool is_waiting();
     void post(int virtual_key, bool down);
     bool hold(int virtual_key, bool down);
 
@@ -29,7 +30,9 @@ class Keyboard {
     int frames_waited = 0;
     int gear_before = 0;   ///< when the message was posted
     int gear_key_held = 0; ///< gear key that is down for the system; the game has long consumed it
-    int tapped_key = 0;
 };
+
+/// Presses a key that is no part of driving, and lets it go.
+void tap(int virtual_key);
 
 } // namespace tarvik::demo

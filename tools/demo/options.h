@@ -1,7 +1,7 @@
 // The demo's command line.
 #pragma once
 
-#include "tools/demo/pilot.h"
+#include "tools/demo/driver.h"
 
 #include <cstdint>
 #include <filesystem>

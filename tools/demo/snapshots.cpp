@@ -12,7 +12,9 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <stdexcept>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace tarvik::demo {
@@ -127,6 +129,13 @@ void on_picture(const std::uint8_t* pixels, int width, int height) {
 
 void take_snapshots(const Options& options) {
     wanted = options;
+    wanted.pictures = std::filesystem::absolute(options.pictures);
+    std::error_code error;
+    std::filesystem::create_directories(wanted.pictures, error);
+    if (error) {
+        throw std::runtime_error("cannot make the folder " + wanted.pictures.string() + ": " +
+                                 error.message());
+    }
     scripted::set_picture_hook(on_picture);
 }
 
