@@ -12,14 +12,12 @@
 
 #include <algorithm>
 #include <array>
-#include <fuzzer/FuzzedDataProvider.h>
 #include <limits>
 
 namespace tarvik::fuzz {
 
 namespace {
 
-using Input = FuzzedDataProvider;
 using DrawSprite = void (*)(std::int32_t, std::int32_t, std::int32_t);
 
 constexpr std::int32_t LEAST = std::numeric_limits<std::int32_t>::min();
@@ -88,11 +86,9 @@ void load(std::vector<std::uint8_t> archive) {
     std::size_t pictures = 0;
     for (int n = 0; n < SPRITE_COUNT; ++n) {
         const Sprite& sprite = sprite_table[n];
-        require((sprite.pixels != nullptr) == (product(sprite) > 0), "pixels of an empty sprite");
-        require(sprite.pixels == nullptr
-                    ? sprite.pixel_bytes == 0
-                    : sprite.pixel_bytes <= static_cast<std::size_t>(product(sprite)),
-                "more pixels than claimed");
+        const auto claimed = static_cast<std::size_t>(std::max(product(sprite), 0));
+        require((sprite.pixels != nullptr) == (claimed > 0), "pixels of an empty sprite");
+        require(sprite.pixel_bytes <= claimed, "more pixels than claimed");
         held += sprite.pixel_bytes;
         pictures += sprite.pixels != nullptr ? 1 : 0;
     }
@@ -116,15 +112,11 @@ void compare_drawing(DrawSprite draw, std::int32_t x, std::int32_t y, std::int32
     static std::array<std::uint32_t, std::size_t{LOGICAL_WIDTH} * LOGICAL_HEIGHT> expected;
     expected.fill(0);
     const Sprite& sprite = sprite_table[n];
-    const bool clamped = draw == draw_sprite_clamped;
+    const std::int64_t least = draw == draw_sprite_clamped ? 0 : LEAST;
     for (std::int64_t i = 0; i < pixels_held(sprite) && i / sprite.width < sprite.width; ++i) {
         const std::uint32_t colour = colour_of(sprite.pixels + 3 * i);
-        std::int64_t at_x = x + i % sprite.width;
-        std::int64_t at_y = y + i / sprite.width;
-        if (clamped) {
-            at_x = std::max<std::int64_t>(at_x, 0);
-            at_y = std::max<std::int64_t>(at_y, 0);
-        }
+        const std::int64_t at_x = std::max<std::int64_t>(least, x + i % sprite.width);
+        const std::int64_t at_y = std::max<std::int64_t>(least, y + i / sprite.width);
         if (colour != 0 && at_x >= 0 && at_x < LOGICAL_WIDTH && at_y >= 0 &&
             at_y < LOGICAL_HEIGHT) {
             expected[static_cast<std::size_t>(at_y * LOGICAL_WIDTH + at_x)] = colour;
@@ -139,14 +131,29 @@ void compare_drawing(DrawSprite draw, std::int32_t x, std::int32_t y, std::int32
     }
 }
 
+/// At the edges of the view and as far beyond them as numbers go.
+std::vector<std::int32_t> places(std::int32_t view_side, std::int32_t sprite_side) {
+    return {LEAST,
+            LEAST + 1,
+            -7607,
+            -sprite_side,
+            1 - sprite_side,
+            -1,
+            0,
+            1,
+            view_side - sprite_side,
+            view_side - 1,
+            view_side,
+            2392,
+            65535,
+            MOST - sprite_side,
+            MOST};
+}
+
 void draw_at_all_edges(std::int32_t n) {
     const std::int32_t side = std::clamp(sprite_table[n].width, 1, 1 << 20);
-    const std::int32_t xs[] = {LEAST,      LEAST + 1, -7607, -side, 1 - side, -1,          0,   1,
-                               320 - side, 319,       320,   2392,  65535,    MOST - side, MOST};
-    const std::int32_t ys[] = {LEAST,      LEAST + 1, -7607, -side, 1 - side, -1,          0,   1,
-                               240 - side, 239,       240,   2392,  65535,    MOST - side, MOST};
-    for (const std::int32_t x : xs) {
-        for (const std::int32_t y : ys) {
+    for (const std::int32_t x : places(LOGICAL_WIDTH, side)) {
+        for (const std::int32_t y : places(LOGICAL_HEIGHT, side)) {
             draw_sprite(x, y, n);
             draw_sprite_clamped(x, y, n);
         }
@@ -178,22 +185,12 @@ void draw_sprites(Input& input) {
 
 } // namespace
 
-} // namespace tarvik::fuzz
-
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    tarvik::fuzz::start_game();
-    return 0;
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    using namespace tarvik;
-    using namespace tarvik::fuzz;
-    reset_game();
-    FuzzedDataProvider input(data, size);
+void play(Input& input) {
     mouse_x = input.ConsumeIntegral<std::uint16_t>();
     mouse_y = input.ConsumeIntegral<std::uint16_t>();
     load(some_archive(input));
     draw_sprites(input);
     run_frame();
-    return 0;
 }
+
+} // namespace tarvik::fuzz

@@ -1,10 +1,11 @@
 // Whole frames on a hostile track: any messages, any keys, the car anywhere that driving can bring
-// it, all switches, sprites of any claim under the marker and the pointer.
+// it, all switches, maps of any length, sprites of any claim under the marker and the pointer.
 #include "platform/driver.h"
 #include "platform/scripted/scripted.h"
 #include "race/laps.h"
 #include "race/race_state.h"
 #include "race/random.h"
+#include "race/track_grid.h"
 #include "render/graphics_archive.h"
 #include "render/presentation.h"
 #include "render/sprite.h"
@@ -14,14 +15,12 @@
 #include "tests/support/invariants.h"
 #include "tests/support/program.h"
 
+#include <algorithm>
 #include <cmath>
-#include <fuzzer/FuzzedDataProvider.h>
 
 namespace tarvik::fuzz {
 
 namespace {
-
-using Input = FuzzedDataProvider;
 
 constexpr int FRAMES = 48;        // of an input, at most
 constexpr int TRACK_SWITCHES = 2; // likewise; each refills 240 MB
@@ -88,15 +87,55 @@ void paint_something(Input& input) {
     paint(x, y, width, height, input.ConsumeIntegral<std::uint8_t>());
 }
 
-void put_map_file(Input& input) {
-    scripted::File& file =
-        scripted::memory_files[input.ConsumeBool() ? "data/race1.map" : "data/race2.map"];
+/// Seldom the length of a whole map, which takes as long as a hundred frames.
+std::size_t map_length(Input& input) {
+    constexpr std::size_t LENGTHS[] = {0,
+                                       1,
+                                       TRACK_WIDTH - 1,
+                                       TRACK_WIDTH,
+                                       TRACK_WIDTH + 1,
+                                       TRACK_MAP_BYTES - TRACK_WIDTH,
+                                       TRACK_MAP_BYTES - 1,
+                                       TRACK_MAP_BYTES,
+                                       TRACK_MAP_BYTES + 1,
+                                       TRACK_MAP_BYTES + TRACK_WIDTH};
+    return input.ConsumeIntegralInRange(0, 15) == 1 ? input.PickValueInArray(LENGTHS)
+                                                    : input.ConsumeIntegral<std::uint16_t>();
+}
+
+scripted::File& put_map_file(Input& input, const char* name) {
+    scripted::File& file = scripted::memory_files[name];
     file.bytes = input.ConsumeBytes<std::uint8_t>(input.ConsumeIntegralInRange<std::size_t>(0, 64));
-    file.bytes.resize(file.bytes.size() * input.ConsumeIntegralInRange<std::size_t>(0, 2000),
-                      input.ConsumeIntegral<std::uint8_t>());
+    file.bytes.resize(map_length(input), input.ConsumeIntegral<std::uint8_t>());
     file.read_only = input.ConsumeIntegralInRange(0, 7) == 0;
     scripted::memory_folder_exists = input.ConsumeIntegralInRange(0, 7) != 0;
     mark_loaded(file.bytes.size());
+    return file;
+}
+
+/// By itself or by the race's keys. The grid has to have the file's cells from the first one on,
+/// then those that were there before.
+void load_map(Input& input) {
+    const bool second = input.ConsumeBool();
+    const scripted::File& file = put_map_file(input, second ? "data/race2.map" : "data/race1.map");
+    if (input.ConsumeIntegralInRange(0, 7) == 1) {
+        std::int32_t& key = key_down[second ? VK_OEM_6 : VK_OEM_4];
+        key = 1;
+        run_frame();
+        key = 0;
+        require(race_number == (second ? 2 : 1), "not the track that was asked for");
+    } else {
+        load_track_map(second ? ".\\data\\race2.map" : ".\\data\\race1.map");
+    }
+    const bool is_readable = !file.read_only && scripted::memory_folder_exists;
+    const std::size_t loaded =
+        is_readable ? std::min<std::size_t>(file.bytes.size(), TRACK_MAP_BYTES) : 0;
+    const std::size_t after = std::min<std::size_t>(TRACK_MAP_BYTES - loaded, 1000000);
+    require(std::equal(track_grid, track_grid + loaded, file.bytes.begin()),
+            "cells differ from the file's");
+    const std::uint8_t* rest = base_map().data() + loaded;
+    require(std::equal(rest, rest + after, track_grid + loaded),
+            "cells after the file's end have changed");
 }
 
 test::Image some_image(Input& input, int number) {
@@ -155,7 +194,8 @@ void act(Input& input) {
     case 6:
         return paint_something(input);
     case 7:
-        return put_map_file(input);
+        put_map_file(input, input.ConsumeBool() ? "data/race1.map" : "data/race2.map");
+        return;
     case 8:
         return switch_track(input);
     case 9:
@@ -184,22 +224,14 @@ void drive(Input& input) {
 
 } // namespace
 
-} // namespace tarvik::fuzz
-
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    tarvik::fuzz::start_game();
-    return 0;
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    using namespace tarvik;
-    using namespace tarvik::fuzz;
-    reset_game();
-    FuzzedDataProvider input(data, size);
+void play(Input& input) {
     tarvik::srand(input.ConsumeIntegral<std::uint32_t>());
     difficulty = input.ConsumeIntegralInRange(EASY, ADVANCED);
     if (input.ConsumeIntegralInRange(0, 3) == 0) {
         load_sprites(input);
+    }
+    if (input.ConsumeIntegralInRange(0, 3) == 1) {
+        load_map(input);
     }
     drive(input);
     if (quit_requested != 0) { // as the program ends
@@ -207,5 +239,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         present_frame();
     }
     require(test::Invariants::is_picture_whole(), "a logical pixel is not of one colour");
-    return 0;
 }
+
+} // namespace tarvik::fuzz

@@ -71,41 +71,6 @@ void restore_input() {
     quit_requested = 0;
 }
 
-} // namespace
-
-void fail(const std::string& what) {
-    std::fprintf(stderr, "finding: %s\n", what.c_str());
-    std::abort();
-}
-
-const std::vector<std::uint8_t>& base_map() {
-    static const std::vector<std::uint8_t> map = [] {
-        constexpr std::int32_t FIELD = 128; // cells to a side
-        std::vector<std::uint8_t> cells(TRACK_MAP_BYTES);
-        std::size_t index = 0;
-        for (std::int32_t y = 0; y < TRACK_HEIGHT; ++y) {
-            for (std::int32_t x = 0; x < TRACK_WIDTH; ++x, ++index) {
-                // Start and start/finish box are road.
-                const bool grass = (x / FIELD * 7 + y / FIELD * 3) % 5 == 1;
-                cells[index] = grass ? CELL_OFF_TRACK : 0;
-            }
-        }
-        return cells;
-    }();
-    return map;
-}
-
-void start_game() {
-    scripted::use_memory_files = true;
-    start_up();
-    static test::Invariants watch;
-    invariants = &watch;
-    clear_frame();
-    mark_loaded(TRACK_MAP_BYTES);
-    reset_game();
-    std::atexit(print_frames);
-}
-
 void reset_game() {
     restore_grid();
     restore_ghosts();
@@ -120,6 +85,28 @@ void reset_game() {
     view_x = 0;
     view_y = 0;
     tarvik::srand(1);
+}
+
+} // namespace
+
+void require(bool holds, const std::string& what) {
+    if (!holds) {
+        std::fprintf(stderr, "finding: %s\n", what.c_str());
+        std::abort();
+    }
+}
+
+const std::vector<std::uint8_t>& base_map() {
+    static const std::vector<std::uint8_t> map = [] {
+        constexpr std::size_t FIELD = 128; // cells to a side
+        std::vector<std::uint8_t> cells(TRACK_MAP_BYTES);
+        for (std::size_t i = 0; i < cells.size(); ++i) {
+            const std::size_t field = i % TRACK_WIDTH / FIELD * 7 + i / TRACK_WIDTH / FIELD * 3;
+            cells[i] = field % 5 == 1 ? CELL_OFF_TRACK : 0; // start and start/finish box are road
+        }
+        return cells;
+    }();
+    return map;
 }
 
 void paint(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height,
@@ -149,11 +136,30 @@ void run_frame() {
     race_frame();
     ++frames_driven;
     const std::clock_t taken = std::clock() - start;
-    if (const std::string fault = invariants->fault(); !fault.empty()) {
-        fail(fault);
-    }
+    const std::string fault = invariants->fault();
+    require(fault.empty(), fault);
     require(scripted::slept_ms - slept_before <= ALL_WAITS_MS, "a frame waits too long");
     require(taken <= CLOCKS_PER_SEC, "a frame takes more than a second");
 }
 
 } // namespace tarvik::fuzz
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    using namespace tarvik;
+    using namespace tarvik::fuzz;
+    scripted::use_memory_files = true;
+    start_up();
+    static test::Invariants watch;
+    invariants = &watch;
+    clear_frame();
+    mark_loaded(TRACK_MAP_BYTES);
+    std::atexit(print_frames);
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    tarvik::fuzz::reset_game();
+    tarvik::fuzz::Input input(data, size);
+    tarvik::fuzz::play(input);
+    return 0;
+}

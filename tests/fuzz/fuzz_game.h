@@ -3,23 +3,22 @@
 #pragma once
 
 #include <cstdint>
+#include <fuzzer/FuzzedDataProvider.h>
 #include <string>
 #include <vector>
 
 namespace tarvik::fuzz {
 
-/// Starts the game on the scripted platform; what it is, a frame leaves the invariants of
-/// tests/support/invariants.h. For LLVMFuzzerInitialize.
-void start_game();
+using Input = FuzzedDataProvider;
 
-/// Puts race, input, files and grid to where every input finds them: no key down, the car at the
-/// start, difficulty "Advanced", track 1, no files, the grid as in `base_map`.
-void reset_game();
+/// What the fuzzer does with an input. It finds no key down, the car at the start, difficulty
+/// "Advanced", track 1, no files and the grid as in `base_map`.
+void play(Input& input);
 
 /// TRACK_MAP_BYTES cells, mostly road, with fields of grass everywhere.
 const std::vector<std::uint8_t>& base_map();
 
-/// Sets a rectangle of the grid, as far as it lies inside, until the next reset.
+/// Sets a rectangle of the grid, as far as it lies inside, until the next input.
 void paint(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height,
            std::uint8_t value);
 
@@ -30,13 +29,7 @@ void mark_loaded(std::size_t cells);
 /// than a second of processor time.
 void run_frame();
 
-/// Ends the program with these words, which makes the input a finding.
-[[noreturn]] void fail(const std::string& what);
-
-inline void require(bool holds, const char* what) {
-    if (!holds) {
-        fail(what);
-    }
-}
+/// Ends the program with these words unless `holds`, which makes the input a finding.
+void require(bool holds, const std::string& what);
 
 } // namespace tarvik::fuzz
