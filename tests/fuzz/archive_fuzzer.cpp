@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <fuzzer/FuzzedDataProvider.h>
 #include <limits>
 
 namespace tarvik::fuzz {

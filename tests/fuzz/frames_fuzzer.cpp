@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fuzzer/FuzzedDataProvider.h>
 
 namespace tarvik::fuzz {
 

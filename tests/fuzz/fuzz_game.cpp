@@ -17,6 +17,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
+#include <fuzzer/FuzzedDataProvider.h>
 
 namespace tarvik::fuzz {
 

@@ -3,9 +3,10 @@
 #pragma once
 
 #include <cstdint>
-#include <fuzzer/FuzzedDataProvider.h>
 #include <string>
 #include <vector>
+
+class FuzzedDataProvider; // of libFuzzer, which only clang has
 
 namespace tarvik::fuzz {
 
