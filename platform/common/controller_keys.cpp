@@ -99,12 +99,12 @@ void ControllerKeys::append_messages(MessageQueue& queue, DWORD time,
 
     // What was pressed and let go of between two frames, during a wait for instance, counts for one
     // frame.
-    held_ = pressed_;
+    Keys held = pressed_;
     pressed_.reset();
     for (const auto& [controller, active] : active_) {
         for (std::size_t i = 0; i < std::size(MEANINGS); ++i) {
             if (active[i] && !MEANINGS[i].is_tap) {
-                held_.set(key_of(MEANINGS[i]));
+                held.set(key_of(MEANINGS[i]));
             }
         }
     }
@@ -113,11 +113,11 @@ void ControllerKeys::append_messages(MessageQueue& queue, DWORD time,
     // backlog in front of the other keys: only its latest state counts, when there is room for it.
     for (const Meaning& meaning : MEANINGS) {
         const std::size_t key = key_of(meaning);
-        if (held_[key] == sent_[key] || queue.size() >= FEW_WAITING) {
+        if (held[key] == sent_[key] || queue.size() >= FEW_WAITING) {
             continue;
         }
-        sent_[key] = held_[key];
-        if (held_[key]) {
+        sent_[key] = held[key];
+        if (held[key]) {
             queue.append(key_down_message(meaning.virtual_key, time));
         } else if (!keyboard_holds(meaning.virtual_key)) {
             queue.append(key_up_message(meaning.virtual_key, time));
@@ -126,7 +126,7 @@ void ControllerKeys::append_messages(MessageQueue& queue, DWORD time,
 }
 
 bool ControllerKeys::holds(int virtual_key) const {
-    return virtual_key >= 0 && virtual_key < KEYS && held_[static_cast<std::size_t>(virtual_key)];
+    return virtual_key >= 0 && virtual_key < KEYS && sent_[static_cast<std::size_t>(virtual_key)];
 }
 
 } // namespace tarvik

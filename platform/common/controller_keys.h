@@ -34,8 +34,9 @@ class ControllerKeys {
     /// controller lets go of it.
     void append_messages(MessageQueue& queue, DWORD time, bool (*keyboard_holds)(int virtual_key));
 
-    /// Whether a controller held a key at the last append_messages, or was tapped just before it.
-    /// A key that the keyboard releases meanwhile is still down: the layer keeps that message back.
+    /// Whether a key is down for the game because of a controller: what is held but not passed on
+    /// yet does not count. A key that the keyboard releases meanwhile is still down: the layer
+    /// keeps that message back.
     bool holds(int virtual_key) const;
 
   private:
@@ -47,7 +48,6 @@ class ControllerKeys {
     std::map<int, std::bitset<MOST_MEANINGS>>
         active_;            // of each controller, by their place in the table
     Keys pressed_;          // since the last append_messages
-    Keys held_;             // at the last append_messages
     Keys sent_;             // down, as far as the game has been told
     std::vector<int> taps_; // in the order of the presses
 };

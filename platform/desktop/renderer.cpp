@@ -44,14 +44,24 @@ bool has_card_behind_it() {
     return name != nullptr && !is_software(name);
 }
 
+// The layer keeps the pace itself; vsync only prevents torn frames. A display that is slower than
+// the game would slow it down (59 is what SDL makes of 59.94), and a Wayland compositor never asks
+// a hidden window for a frame, with or without X11 between them.
+bool wants_vsync(SDL_Window* window) {
+    constexpr int SLOWEST = 59;
+    SDL_DisplayMode mode{};
+    const bool is_slow = SDL_GetCurrentDisplayMode(SDL_GetWindowDisplayIndex(window), &mode) == 0 &&
+                         mode.refresh_rate > 0 && mode.refresh_rate < SLOWEST;
+    const char* compositor = SDL_getenv("WAYLAND_DISPLAY");
+    return is_x11() && !is_slow && (compositor == nullptr || *compositor == '\0');
+}
+
 } // namespace
 
 SDL_Renderer* make_renderer(SDL_Window* window) {
-    // SDL's software renderer needs window memory, which Wayland does not provide. There is no
-    // vsync there either: a hidden window is never asked for a frame, and waiting for that would
-    // take long.
+    // SDL's software renderer needs window memory, which Wayland does not provide.
     const bool on_wayland = !is_x11();
-    const Uint32 sync = on_wayland ? 0 : SDL_RENDERER_PRESENTVSYNC;
+    const Uint32 sync = wants_vsync(window) ? SDL_RENDERER_PRESENTVSYNC : 0;
     const bool is_chosen = SDL_GetHint(SDL_HINT_RENDER_DRIVER) != nullptr;
     if (on_wayland || is_chosen || may_have_graphics_card()) {
         SDL_Renderer* renderer = SDL_CreateRenderer(window, -1, SDL_RENDERER_ACCELERATED | sync);

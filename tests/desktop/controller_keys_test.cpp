@@ -58,6 +58,18 @@ TEST_F(Controllers, AKeyStaysDownUntilEveryControlReleasesIt) {
     EXPECT_EQ(frame(), Changes{});
 }
 
+// Otherwise the keyboard's release would be kept back, and no other would ever come.
+TEST_F(Controllers, AKeyThatHasNotBeenPassedOnDoesNotCountAsHeld) {
+    for (std::size_t i = 0; i < ControllerKeys::FEW_WAITING; ++i) {
+        queue_.append({WM_LBUTTONDOWN, 0, 0, 0});
+    }
+    keys_.set_button(1, TRIGGER, 1);
+    frame();
+    EXPECT_FALSE(keys_.holds(VK_UP));
+    EXPECT_EQ(frame(), (Changes{VK_UP}));
+    EXPECT_TRUE(keys_.holds(VK_UP));
+}
+
 // A gear's press and release come together, as its key is consumed anyway.
 TEST_F(Controllers, EachShoulderPressCountsOnceHoweverLong) {
     keys_.set_button(1, SHOULDER, 1);
