@@ -62,24 +62,30 @@ test('a lap with thumbs, from the start to the end', async (t) => {
   await page.tap('#start');
   await web.inState(page, 'racing');
   await page.tap('[data-code="KeyA"]');
+
   await page.tap('[data-code="ArrowUp"]');
   await web.picturesLater(page, 3);
 
-  // The car rolls on by itself; it is to stop between the posts, which are 16 cells deep.
-  const rolling = await web.assertSameAsReplay(page);
-  assert.equal(rolling.gear, 1);
-  const wait = rolling.picture + (rolling.y - 2404) / rolling.speed;
-  await page.waitForFunction((picture) => window.tarvik.pictures >= picture, {}, wait);
+  // The car rolls on by itself. Near the posts it is to be so slow that it takes longer from one to
+  // the other, 16 cells, than a lap has to last.
   const finger = await fingersOf(page);
-  await finger('Start', 1, await on(page, 'ArrowDown'));
+  let rolling = await web.assertSameAsReplay(page);
+  const near = rolling.picture + (rolling.y - 2440) / rolling.speed;
+  await page.waitForFunction((picture) => window.tarvik.pictures >= picture, {}, near);
+  while (rolling.speed > 0.05) {
+    await finger('Start', 1, await on(page, 'ArrowDown'));
+    await web.picturesLater(page, 12);
+    await finger('Cancel');
+    await web.picturesLater(page, 2);
+    rolling = await web.assertSameAsReplay(page);
+  }
+  assert.equal(rolling.gear, 1);
   await page.waitForFunction(() => window.tarvik.laps.length === 1);
-  await finger('Cancel');
   await page.tap('[data-code="Escape"]');
   await web.inState(page, 'ended');
-  // Between the posts a lap takes 301 frames; on a busy machine there is time for another.
   assert.match(
     await web.textOf(page, '#curtain-text'),
-    /^You drove for \d+ s\.\nTrack 1: (1 lap|\d laps) completed, best lap 301 frames \(5\.02 s\)\.$/,
+    /^You drove for \d+ s\.\nTrack 1: 1 lap completed, best lap 301 frames \(5\.02 s\)\.$/,
   );
 
   await page.tap('#start'); // the next race knows nothing of it
