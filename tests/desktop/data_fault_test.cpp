@@ -81,7 +81,7 @@ TEST_P(DataFault, LeavesGrassToDriveOn) {
     leave();
 }
 
-INSTANTIATE_TEST_SUITE_P(, DataFault, testing::ValuesIn(FAULTS),
+INSTANTIATE_TEST_SUITE_P(Desktop, DataFault, testing::ValuesIn(FAULTS),
                          [](const auto& each) { return std::string(each.param.name); });
 
 // The bracket key, held, loads a track in every frame while somebody cuts and fills the files.

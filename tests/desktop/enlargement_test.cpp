@@ -35,8 +35,8 @@ TEST_F(Enlargement, FullScreenUsesWholeBlocksAndLeavingItRestoresTheWindow) {
         EXPECT_EQ(player.place(), windowed);
 
         player.tap(XK_F11);
-        EXPECT_TRUE(
-            player.waits_until([&] { return player.logical_pixels(width, height) == small; }));
+        EXPECT_TRUE(player.waits_until(
+            [&] { return player.logical_pixels(screen.width, screen.height) == small; }));
         EXPECT_EQ(player.place(), (Area{0, 0, width, height}));
 
         // The pointer is at twice the mouse's distance from the picture's corner.

@@ -65,9 +65,9 @@ int Player::count_shown_windows() {
 }
 
 Area Player::place() const {
-    XWindowAttributes window{};
-    XGetWindowAttributes(display_, window_, &window);
-    return {window.x, window.y, window.width, window.height};
+    XWindowAttributes now{};
+    XGetWindowAttributes(display_, window_, &now);
+    return {now.x, now.y, now.width, now.height};
 }
 
 Pixels Player::look_at(const Area& area) const {
@@ -157,8 +157,8 @@ void Player::tap_code(unsigned int code) const {
 }
 
 void Player::move_mouse_to(int x, int y) const {
-    const Area window = place();
-    XTestFakeMotionEvent(display_, -1, window.x + x, window.y + y, CurrentTime);
+    const Area picture = place();
+    XTestFakeMotionEvent(display_, -1, picture.x + x, picture.y + y, CurrentTime);
     XSync(display_, False);
 }
 
