@@ -14,10 +14,10 @@ set yrange [0.1:100]
 set ytics 0.1,10 format "%g ms" out nomirror add (0.2, 0.5, 2, 5, 20, 50)
 set grid ytics linecolor "#dddddd"
 set border 3 linecolor "#888888"
-set key outside top left Left reverse samplen 1
-set tmargin 5
+set key at screen 0.06,0.98 top left Left reverse samplen 1
+set tmargin 6
 
-happened(word) = word eq "-" ? NaN : 100
+happened(word) = strlen(word) > 1 ? 100 : NaN
 plot ARG1 using 0:2 with dots linecolor "#888888" notitle, \
      NaN with points pointtype 7 linecolor "#888888" \
          title legend("from frame to frame", interval_median, interval_max), \
