@@ -99,12 +99,12 @@ void ControllerKeys::append_messages(MessageQueue& queue, DWORD time,
 
     // What was pressed and let go of between two frames, during a wait for instance, counts for one
     // frame.
-    Keys held = pressed_;
+    held_ = pressed_;
     pressed_.reset();
     for (const auto& [controller, active] : active_) {
         for (std::size_t i = 0; i < std::size(MEANINGS); ++i) {
             if (active[i] && !MEANINGS[i].is_tap) {
-                held.set(key_of(MEANINGS[i]));
+                held_.set(key_of(MEANINGS[i]));
             }
         }
     }
@@ -113,20 +113,29 @@ void ControllerKeys::append_messages(MessageQueue& queue, DWORD time,
     // backlog in front of the other keys: only its latest state counts, when there is room for it.
     for (const Meaning& meaning : MEANINGS) {
         const std::size_t key = key_of(meaning);
-        if (held[key] == sent_[key] || queue.size() >= FEW_WAITING) {
+        if (held_[key] == sent_[key] || queue.size() >= FEW_WAITING) {
             continue;
         }
-        sent_[key] = held[key];
-        if (held[key]) {
+        sent_[key] = held_[key];
+        if (held_[key]) {
             queue.append(key_down_message(meaning.virtual_key, time));
-        } else if (!keyboard_holds(meaning.virtual_key)) {
+        } else if (!from_keyboard_[key] || !keyboard_holds(meaning.virtual_key)) {
             queue.append(key_up_message(meaning.virtual_key, time));
         }
     }
 }
 
+bool ControllerKeys::passes(const Message& message) {
+    const bool is_press = message.message == WM_KEYDOWN;
+    if ((!is_press && message.message != WM_KEYUP) || message.wparam >= KEYS) {
+        return true;
+    }
+    from_keyboard_.set(message.wparam, is_press);
+    return is_press || !sent_[message.wparam];
+}
+
 bool ControllerKeys::holds(int virtual_key) const {
-    return virtual_key >= 0 && virtual_key < KEYS && sent_[static_cast<std::size_t>(virtual_key)];
+    return virtual_key >= 0 && virtual_key < KEYS && held_[static_cast<std::size_t>(virtual_key)];
 }
 
 } // namespace tarvik

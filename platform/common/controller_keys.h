@@ -30,13 +30,17 @@ class ControllerKeys {
     void remove(int controller);
 
     /// Puts what has happened since the last call into the queue; to be called once a frame.
-    /// `keyboard_holds` says whether the keyboard holds a key, which then stays down when the
-    /// controller lets go of it.
+    /// `keyboard_holds` says whether the keyboard holds a key. One that it has pressed in the game
+    /// and still holds stays down when the controller lets go of it.
     void append_messages(MessageQueue& queue, DWORD time, bool (*keyboard_holds)(int virtual_key));
 
-    /// Whether a key is down for the game because of a controller: what is held but not passed on
-    /// yet does not count. A key that the keyboard releases meanwhile is still down: the layer
-    /// keeps that message back.
+    /// Notes a message on its way to the queue, if it is one of the keyboard's. False for the
+    /// release of a key that, as far as the game has been told, a controller holds too: the game
+    /// is not to hear of it.
+    bool passes(const Message& message);
+
+    /// Whether a controller held a key at the last append_messages, or was tapped just before it,
+    /// whatever the game has been told.
     bool holds(int virtual_key) const;
 
   private:
@@ -48,7 +52,9 @@ class ControllerKeys {
     std::map<int, std::bitset<MOST_MEANINGS>>
         active_;            // of each controller, by their place in the table
     Keys pressed_;          // since the last append_messages
+    Keys held_;             // at the last append_messages
     Keys sent_;             // down, as far as the game has been told
+    Keys from_keyboard_;    // pressed on the keyboard, as far as the game has been told
     std::vector<int> taps_; // in the order of the presses
 };
 

@@ -55,11 +55,6 @@ bool is_released_by_focus_loss(std::span<const SDL_Event> from_release_on) {
     return false;
 }
 
-// A key held by both keyboard and controller is down until both have let go of it.
-bool is_still_held_by_controller(const Message& message) {
-    return message.message == WM_KEYUP && controller_holds(static_cast<int>(message.wparam));
-}
-
 // Window managers answer Alt+F4 with the close request that their close button makes too. Windows
 // tells them apart, and so does the game.
 Message close_message(Uint32 time) {
@@ -109,7 +104,7 @@ void translate(std::span<const SDL_Event> from_event_on, MessageQueue& queue) {
         note_controller_event(event);
         break;
     }
-    if (wanted && !take_full_screen_key(message) && !is_still_held_by_controller(message)) {
+    if (wanted && !take_full_screen_key(message) && passes_controllers(message)) {
         queue.append_input(message);
     }
 }

@@ -91,6 +91,10 @@ void append_controller_messages(MessageQueue& queue) {
     keys.append_messages(queue, SDL_GetTicks(), keyboard_holds);
 }
 
+bool passes_controllers(const Message& message) {
+    return keys.passes(message);
+}
+
 bool controller_holds(int virtual_key) {
     return keys.holds(virtual_key);
 }

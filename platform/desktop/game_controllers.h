@@ -17,6 +17,10 @@ void note_controller_event(const SDL_Event& event);
 /// Puts what was noted since the last call into the queue.
 void append_controller_messages(MessageQueue& queue);
 
+/// Notes a message on its way to the queue. False for a key's release by the keyboard while a
+/// controller holds the key too: it is down until both have let go of it.
+bool passes_controllers(const Message& message);
+
 /// Whether a controller holds the key at this moment.
 bool controller_holds(int virtual_key);
 

@@ -60,7 +60,7 @@ EM_BOOL on_key(int type, const EmscriptenKeyboardEvent* event, void*) {
     if (page_has_focus() == 0) {
         return EM_FALSE;
     }
-    if (change.down || !controller_keys.holds(static_cast<int>(message.wparam))) {
+    if (controller_keys.passes(message)) {
         queue.append_input(message);
     }
     return is_key_of_game(message.wparam) && !event->ctrlKey && !event->altKey && !event->metaKey;
