@@ -75,14 +75,14 @@ Course::Course(const std::vector<Point>& loop, int smoothing_rounds) {
     }
     const std::size_t count = chain.size();
     places.reserve(count);
-    double heading = 0.0;
+    double direction = 0.0;
     for (std::size_t i = 0; i < count; ++i) {
         const Point& before = chain[(i + count - 1) % count];
         const Point& after = chain[(i + 1) % count];
         const double degrees = std::atan2(after.x - before.x, after.y - before.y) / DEG_TO_RAD;
-        heading += std::remainder(degrees - heading, 360.0);
-        places.push_back({chain[i], heading, 0.0, room_along(chain[i], heading + 90.0),
-                          room_along(chain[i], heading - 90.0)});
+        direction += std::remainder(degrees - direction, 360.0);
+        places.push_back({chain[i], direction, 0.0, room_along(chain[i], direction + 90.0),
+                          room_along(chain[i], direction - 90.0)});
     }
     for (std::size_t i = 0; i < count; ++i) {
         const double turned = at(i + SMOOTHING).heading - at(i + count - SMOOTHING).heading;

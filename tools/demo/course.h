@@ -16,10 +16,10 @@ inline constexpr double PLACE_SPACING = 4.0;
 
 struct Place {
     Point at;
-    double heading; ///< degrees, the game's: 0 down the view, 90 right; continuous along the course
-    double bend;    ///< radians turned per cell, positive to the left
-    double left;    ///< cells to the grass on the left, at most ROOM_SEEN
-    double right;
+    double heading = 0.0; ///< degrees: 0 down the view, 90 right; continuous along the course
+    double bend = 0.0;    ///< radians turned per cell, positive to the left
+    double left = 0.0;    ///< cells to the grass on the left, at most ROOM_SEEN
+    double right = 0.0;
 };
 
 /// How far the driver looks for the edge of the road, cells.
