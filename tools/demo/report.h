@@ -22,10 +22,10 @@ class Report {
   private:
     struct Frame {
         Point at;
-        double speed;
-        int gear;
-        bool braking;
-        bool steering;
+        double speed = 0.0;
+        int gear = 0;
+        bool braking = false;
+        bool steering = false;
     };
     struct Stretch { ///< frames of a lap, both included
         std::size_t first;
