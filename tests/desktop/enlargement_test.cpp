@@ -21,7 +21,8 @@ struct Screen {
 } // namespace
 
 TEST_F(Enlargement, FullScreenUsesWholeBlocksAndLeavingItRestoresTheWindow) {
-    for (const Screen& screen : {Screen{1366, 768, 3}, Screen{3840, 2160, 9}}) {
+    for (const Screen& screen : {Screen{1280, 720, 3}, Screen{1366, 768, 3}, Screen{1920, 1080, 4},
+                                 Screen{3840, 2160, 9}}) {
         SCOPED_TRACE(screen.width);
         const auto [width, height, factor] = screen;
         const XServer server(
