@@ -1,36 +1,33 @@
-// The ring of waiting messages, and the two ways they merge.
+// The waiting messages, and the two ways they merge.
 #include "platform/common/message_queue.h"
 
 namespace tarvik {
 
 void MessageQueue::append(const Message& message) {
-    if (size_ == CAPACITY) {
-        return;
+    if (size() < CAPACITY) {
+        messages_.push_back(message);
     }
-    messages_[(first_ + size_) % CAPACITY] = message;
-    ++size_;
 }
 
 void MessageQueue::append_input(const Message& message) {
-    if (message.message == WM_MOUSEMOVE && size_ > 0 && from_end(0).message == WM_MOUSEMOVE) {
-        from_end(0) = message;
+    if (message.message == WM_MOUSEMOVE && ends_with_mouse_move()) {
+        messages_.back() = message;
     } else if (!merge_repeat(message)) {
         append(message);
     }
 }
 
 bool MessageQueue::take(Message& message) {
-    if (size_ == 0) {
+    if (messages_.empty()) {
         return false;
     }
-    message = messages_[first_];
-    first_ = (first_ + 1) % CAPACITY;
-    --size_;
+    message = messages_.front();
+    messages_.pop_front();
     return true;
 }
 
-Message& MessageQueue::from_end(std::size_t distance) {
-    return messages_[(first_ + size_ - 1 - distance) % CAPACITY];
+bool MessageQueue::ends_with_mouse_move() const {
+    return !messages_.empty() && messages_.back().message == WM_MOUSEMOVE;
 }
 
 bool MessageQueue::merge_repeat(const Message& message) {
@@ -38,11 +35,11 @@ bool MessageQueue::merge_repeat(const Message& message) {
                            (message.lparam & KEY_WAS_DOWN) != 0;
     // Between two repeats of a held key there is at most one mouse move. Without looking behind
     // it, a moving mouse and a quick auto-repeat together would outrun one message a frame.
-    const std::size_t distance = size_ > 0 && from_end(0).message == WM_MOUSEMOVE ? 1 : 0;
-    if (!is_repeat || size_ <= distance) {
+    const std::size_t distance = ends_with_mouse_move() ? 1 : 0;
+    if (!is_repeat || size() <= distance) {
         return false;
     }
-    Message& waiting = from_end(distance);
+    Message& waiting = messages_[size() - 1 - distance];
     if (waiting.message != message.message || waiting.wparam != message.wparam ||
         (waiting.lparam & ~KEY_REPEAT_COUNT_MASK) != (message.lparam & ~KEY_REPEAT_COUNT_MASK)) {
         return false;

@@ -6,8 +6,8 @@
 
 #include "platform/win32.h"
 
-#include <array>
 #include <cstddef>
+#include <deque>
 
 namespace tarvik {
 
@@ -43,16 +43,14 @@ class MessageQueue {
     bool take(Message& message);
 
     std::size_t size() const {
-        return size_;
+        return messages_.size();
     }
 
   private:
-    Message& from_end(std::size_t distance);
+    bool ends_with_mouse_move() const;
     bool merge_repeat(const Message& message);
 
-    std::array<Message, CAPACITY> messages_{};
-    std::size_t first_ = 0;
-    std::size_t size_ = 0;
+    std::deque<Message> messages_;
 };
 
 } // namespace tarvik

@@ -1,11 +1,11 @@
-// Keyboard and close events as messages; mouse and controllers have files of their own.
+// Keyboard, mouse moves and close events as messages; controllers have a file of their own.
 #include "platform/desktop/events.h"
 
 #include "platform/common/keys.h"
 #include "platform/desktop/close_signals.h"
 #include "platform/desktop/full_screen.h"
 #include "platform/desktop/game_controllers.h"
-#include "platform/desktop/mouse_messages.h"
+#include "platform/desktop/picture.h"
 #include "platform/desktop/x11_errors.h"
 #include "platform/desktop/x11_keyboard.h"
 
@@ -55,6 +55,15 @@ bool is_released_by_focus_loss(std::span<const SDL_Event> from_release_on) {
     return false;
 }
 
+// Buttons and wheel are left out: the game does nothing with them, and each message costs it a
+// frame.
+void append_mouse_move(const SDL_MouseMotionEvent& event, MessageQueue& queue) {
+    POINT pixel{};
+    if (find_game_pixel({event.x, event.y}, pixel)) {
+        queue.append_input({WM_MOUSEMOVE, 0, LPARAM{pixel.y} << 16 | pixel.x, event.timestamp});
+    }
+}
+
 // Window managers answer Alt+F4 with the close request that their close button makes too. Windows
 // tells them apart, and so does the game.
 Message close_message(Uint32 time) {
@@ -84,7 +93,7 @@ void translate(std::span<const SDL_Event> from_event_on, MessageQueue& queue) {
     }
     case SDL_MOUSEMOTION:
         if (!mouse_leaves) {
-            append_mouse_messages(event, queue);
+            append_mouse_move(event.motion, queue);
         }
         break;
     case SDL_KEYDOWN:
@@ -100,7 +109,6 @@ void translate(std::span<const SDL_Event> from_event_on, MessageQueue& queue) {
         wanted = true;
         break;
     default:
-        append_mouse_messages(event, queue);
         note_controller_event(event);
         break;
     }

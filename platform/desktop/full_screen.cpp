@@ -16,9 +16,6 @@ namespace {
 
 bool is_asked_for = false;
 
-// Enter was pressed with Alt; its release may come after Alt's.
-bool enter_is_taken = false;
-
 // While the window takes the display without a window manager's help.
 std::optional<SDL_Rect> place_before;
 
@@ -54,15 +51,14 @@ void switch_full_screen(SDL_Window* window) {
 } // namespace
 
 bool take_full_screen_key(const Message& message) {
-    const bool is_press = (message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN) &&
-                          (message.lparam & KEY_WAS_DOWN) == 0;
-    if (message.wparam == VK_RETURN && is_press) {
-        enter_is_taken = message.message == WM_SYSKEYDOWN;
-    }
-    if (message.wparam != VK_F11 && (message.wparam != VK_RETURN || !enter_is_taken)) {
+    const bool is_f11 = message.wparam == VK_F11;
+    // Enter is taken with and without Alt: its release may come after Alt's, and the game makes
+    // nothing of it.
+    if (!is_f11 && message.wparam != VK_RETURN) {
         return false;
     }
-    is_asked_for = is_asked_for != is_press;
+    const bool is_press = (message.lparam & KEY_WAS_DOWN) == 0;
+    is_asked_for = is_asked_for != (is_press && (is_f11 || message.message == WM_SYSKEYDOWN));
     return true;
 }
 

@@ -5,6 +5,8 @@
 
 #include <SDL.h>
 
+#include <iterator>
+
 namespace tarvik {
 
 namespace {
@@ -14,32 +16,12 @@ ControllerKeys keys;
 constexpr int LEFT_TRIGGER = 6;
 constexpr int RIGHT_TRIGGER = 7;
 
-/// The standard order's number of a button, -1 where it has none.
-int standard_button(int button) {
-    switch (button) {
-    case SDL_CONTROLLER_BUTTON_A:
-        return 0;
-    case SDL_CONTROLLER_BUTTON_B:
-        return 1;
-    case SDL_CONTROLLER_BUTTON_X:
-        return 2;
-    case SDL_CONTROLLER_BUTTON_Y:
-        return 3;
-    case SDL_CONTROLLER_BUTTON_LEFTSHOULDER:
-        return 4;
-    case SDL_CONTROLLER_BUTTON_RIGHTSHOULDER:
-        return 5;
-    case SDL_CONTROLLER_BUTTON_BACK:
-        return 8;
-    case SDL_CONTROLLER_BUTTON_START:
-        return 9;
-    case SDL_CONTROLLER_BUTTON_DPAD_LEFT:
-        return 14;
-    case SDL_CONTROLLER_BUTTON_DPAD_RIGHT:
-        return 15;
-    default:
-        return -1; // without a meaning here
-    }
+/// The standard order's number of each button, in SDL's order: face buttons, Back, Guide, Start,
+/// sticks, shoulders, directional pad.
+constexpr int STANDARD_BUTTONS[] = {0, 1, 2, 3, 8, 16, 9, 10, 11, 4, 5, 12, 13, 14, 15};
+
+int standard_button(Uint8 button) {
+    return button < std::size(STANDARD_BUTTONS) ? STANDARD_BUTTONS[button] : -1;
 }
 
 void note_axis(const SDL_ControllerAxisEvent& event) {

@@ -1,4 +1,4 @@
-// Window classes and the window.
+// The window and its class.
 #include "platform/common/picture_area.h"
 #include "platform/desktop/display.h"
 #include "platform/desktop/game_window.h"
@@ -7,25 +7,12 @@
 
 #include <SDL.h>
 
-#include <string>
-#include <utility>
-#include <vector>
-
 namespace tarvik {
 
 namespace {
 
-std::vector<std::pair<std::string, WNDPROC>> classes;
 HWND window_handle = nullptr;
-WNDPROC window_procedure = nullptr;
-
-auto find_class(LPCSTR name) {
-    auto entry = classes.begin();
-    while (entry != classes.end() && (name == nullptr || entry->first != name)) {
-        ++entry;
-    }
-    return entry;
-}
+WNDPROC window_procedure = nullptr; // the game's one class has it
 
 // How many times larger than asked for the window comes up, where pixels are small. A Wayland
 // compositor makes it larger itself.
@@ -58,35 +45,19 @@ HMODULE WINAPI GetModuleHandleA(LPCSTR) {
 }
 
 ATOM WINAPI RegisterClassA(const WNDCLASSA* window_class) {
-    const bool usable = window_class != nullptr && window_class->lpszClassName != nullptr &&
-                        window_class->lpfnWndProc != nullptr;
-    if (!usable || find_class(window_class->lpszClassName) != classes.end()) {
-        return 0;
-    }
-    classes.emplace_back(window_class->lpszClassName, window_class->lpfnWndProc);
-    constexpr ATOM FIRST_ATOM = 0xC000;
-    return static_cast<ATOM>(FIRST_ATOM + classes.size());
+    window_procedure = window_class->lpfnWndProc;
+    return 1;
 }
 
-BOOL WINAPI UnregisterClassA(LPCSTR class_name, HINSTANCE) {
-    const auto entry = find_class(class_name);
-    const bool in_use = window_handle != nullptr;
-    if (entry == classes.end() || in_use) {
-        return FALSE;
-    }
-    classes.erase(entry);
+BOOL WINAPI UnregisterClassA(LPCSTR, HINSTANCE) {
     return TRUE;
 }
 
 // Position and size are those of the picture: a popup window has no border. As on Windows,
 // positions count from the corner of the primary display. A window that is made larger keeps its
 // middle.
-HWND WINAPI CreateWindowExA(DWORD, LPCSTR class_name, LPCSTR title, DWORD, int x, int y, int width,
-                            int height, HWND, HMENU, HINSTANCE, LPVOID) {
-    const auto entry = find_class(class_name);
-    if (entry == classes.end() || window_handle != nullptr) {
-        return nullptr;
-    }
+HWND WINAPI CreateWindowExA(DWORD, LPCSTR, LPCSTR title, DWORD, int x, int y, int width, int height,
+                            HWND, HMENU, HINSTANCE, LPVOID) {
     SDL_Rect primary{};
     SDL_GetDisplayBounds(0, &primary);
     const int factor = enlargement(primary);
@@ -95,7 +66,6 @@ HWND WINAPI CreateWindowExA(DWORD, LPCSTR class_name, LPCSTR title, DWORD, int x
     constexpr Uint32 FLAGS = SDL_WINDOW_BORDERLESS | SDL_WINDOW_HIDDEN | SDL_WINDOW_ALLOW_HIGHDPI;
     SDL_Window* window = SDL_CreateWindow(title, left, top, width * factor, height * factor, FLAGS);
     window_handle = reinterpret_cast<HWND>(window);
-    window_procedure = entry->second;
     return window_handle;
 }
 
