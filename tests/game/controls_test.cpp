@@ -48,11 +48,10 @@ TEST_F(Controls, EachGearPullsBetweenItsBoundsAndOnlyTheFirstMovesAStandingCar) 
 }
 
 TEST_F(Controls, BrakeBandsExcludeTheirBounds) {
-    EXPECT_EQ(brake(0.31F), 0.31F / 1.04F);
-    EXPECT_EQ(brake(0.29F), 0.29F / 1.06F);
-    EXPECT_EQ(brake(1.5F), 1.5F / 1.02F);
-    EXPECT_EQ(brake(2.5F), 2.5F / 1.01F);
-    EXPECT_EQ(brake(3.3F), 3.3F / 1.005F);
+    for (const auto& [inside, divisor] :
+         {std::pair(0.29F, 1.06F), {0.31F, 1.04F}, {1.5F, 1.02F}, {2.5F, 1.01F}, {3.3F, 1.005F}}) {
+        EXPECT_EQ(brake(inside), inside / divisor);
+    }
     for (const float bound : {0.0F, 0.3F, 1.0F, 2.0F, 3.0F, 4.0F, 5.0F}) {
         EXPECT_EQ(brake(bound), bound);
     }
@@ -84,7 +83,6 @@ TEST_F(Controls, TheBrakeFollowsTheThrottleAndTheGearsFollowBoth) {
 
     gear[PLAYER_SLOT] = 0;
     velocity = 0.0F;
-    key_down[VK_DOWN] = 0;
     key_down[KEY_A] = 1;
     race_frame();
     EXPECT_EQ(gear[PLAYER_SLOT], 1);
@@ -92,19 +90,17 @@ TEST_F(Controls, TheBrakeFollowsTheThrottleAndTheGearsFollowBoth) {
 }
 
 TEST_F(Controls, ARunIsCutAfter41StepsAndAfterTwoFramesWithoutSteering) {
-    key_down[VK_LEFT] = 1;
-    frames(40);
-    EXPECT_EQ(steer_count[PLAYER_SLOT], 40);
-    frames(1);
-    EXPECT_EQ(steer_count[PLAYER_SLOT], 0);
+    const auto steps_after = [](std::int32_t left, int count) {
+        key_down[VK_LEFT] = left;
+        frames(count);
+        return steer_count[PLAYER_SLOT];
+    };
+    EXPECT_EQ(steps_after(1, 40), 40);
+    EXPECT_EQ(steps_after(1, 1), 0);
     EXPECT_NEAR(degrees, 180.0F + 41 * 1.2F, 0.001F);
-
-    frames(5);
-    key_down[VK_LEFT] = 0;
-    frames(1);
-    EXPECT_EQ(steer_count[PLAYER_SLOT], 5);
-    frames(1);
-    EXPECT_EQ(steer_count[PLAYER_SLOT], 0);
+    EXPECT_EQ(steps_after(1, 5), 5);
+    EXPECT_EQ(steps_after(0, 1), 5);
+    EXPECT_EQ(steps_after(0, 1), 0);
 }
 
 TEST_F(Controls, BothArrowsMakeTwoStepsLeftFirst) {

@@ -3,65 +3,60 @@
 #include "race/crash.h"
 #include "tests/support/race_test.h"
 
-#include <set>
-
 namespace tarvik::test {
 namespace {
 
 class Crash : public RaceTest {
   protected:
-    /// Whether a car with so many corners off the road is put back, after a given seed.
-    static bool resets(std::int32_t at_difficulty, std::int32_t with_hits, std::uint32_t seed) {
-        difficulty = at_difficulty;
-        x = 1000.0F;
-        srand(seed);
-        hits = with_hits;
-        apply_crash_rules();
-        return x == 2400.0F;
-    }
-
-    static bool drew_nothing_since(std::uint32_t seed) {
-        const int next = rand();
-        return next == first_draw(seed);
-    }
-
     static int first_draw(std::uint32_t seed) {
         srand(seed);
         return rand();
     }
+
+    /// Whether a car with so many corners off the road is put back, after a given seed.
+    static bool resets(std::int32_t at_difficulty, std::int32_t with_hits, std::uint32_t seed) {
+        difficulty = at_difficulty;
+        x = 1000.0F;
+        hits = with_hits;
+        srand(seed);
+        apply_crash_rules();
+        return x == 2400.0F;
+    }
+
+    /// The same, where nothing may be drawn.
+    static bool resets_without_a_draw(std::int32_t at_difficulty, std::int32_t with_hits) {
+        const bool reset = resets(at_difficulty, with_hits, 9);
+        const int next = rand();
+        EXPECT_EQ(next, first_draw(9));
+        return reset;
+    }
 };
 
 TEST_F(Crash, AdvancedResetsAtThreeCornersWithoutADraw) {
-    for (const std::uint32_t seed : {1U, 2U, 3U}) {
-        for (const std::int32_t corners : {0, 1, 2, 3, 4}) {
-            EXPECT_EQ(resets(ADVANCED, corners, seed), corners >= 3);
-            EXPECT_TRUE(drew_nothing_since(seed));
-        }
-        for (const std::int32_t level : {EASY, THOUGH}) {
-            EXPECT_FALSE(resets(level, 0, seed));
-            EXPECT_TRUE(drew_nothing_since(seed));
-        }
+    for (const std::int32_t corners : {0, 1, 2, 3, 4}) {
+        EXPECT_EQ(resets_without_a_draw(ADVANCED, corners), corners >= 3);
     }
+    EXPECT_FALSE(resets_without_a_draw(EASY, 0));
+    EXPECT_FALSE(resets_without_a_draw(THOUGH, 0));
 }
 
 TEST_F(Crash, EasierLevelsResetByChance) {
-    std::set<int> chances;
+    int resets_seen = 0;
     for (std::uint32_t i = 0; i < 4000; ++i) {
         const std::uint32_t seed = i * 2654435761U;
         const int draw = first_draw(seed);
         ASSERT_EQ(resets(THOUGH, 1, seed), draw % 160 == 1) << "seed " << seed;
         ASSERT_EQ(resets(EASY, 4, seed), draw % 260 == 1) << "seed " << seed;
-        chances.insert({draw % 160, 1000 + draw % 260});
+        resets_seen += draw % 260 == 1 ? 1 : 0;
     }
-    EXPECT_TRUE(chances.contains(1) && chances.contains(1001));
+    EXPECT_GT(resets_seen, 0);
 }
 
 TEST_F(Crash, GivesUpALapBeyondItsLimitWithoutADraw) {
     cycle[PLAYER_SLOT] = 990000;
-    EXPECT_FALSE(resets(EASY, 0, 9));
+    EXPECT_FALSE(resets_without_a_draw(EASY, 0));
     cycle[PLAYER_SLOT] = 990001;
-    EXPECT_TRUE(resets(EASY, 4, 9));
-    EXPECT_TRUE(drew_nothing_since(9));
+    EXPECT_TRUE(resets_without_a_draw(EASY, 4));
     EXPECT_EQ(cycle[PLAYER_SLOT], 0);
 }
 
@@ -69,13 +64,11 @@ TEST_F(Crash, AResetKeepsBestLapGhostsAndSettingsOnly) {
     place(2400.0F, 2400.0F, 77.0F, 2.0F);
     best_cycle[PLAYER_SLOT] = 700;
     ghost_x[2][5] = 42.0F;
-    difficulty = ADVANCED;
     race_number = 2;
-    gear[PLAYER_SLOT] = 3;
-    cycle[PLAYER_SLOT] = 400;
-    last_cycle[PLAYER_SLOT] = 800;
-    steer_count[PLAYER_SLOT] = 20;
-    penalty[PLAYER_SLOT] = 0.0F;
+    cycle[PLAYER_SLOT] = 400; // a lap that the box would complete
+    for (std::int32_t* value : {gear, last_cycle, steer_count}) {
+        value[PLAYER_SLOT] = 3;
+    }
     std::memset(track_grid, CELL_OFF_TRACK, TRACK_MAP_BYTES);
     race_frame();
     EXPECT_EQ(std::pair(x, y), std::pair(2400.0F, 2480.0F));

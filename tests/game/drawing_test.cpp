@@ -24,7 +24,7 @@ class Drawing : public RaceTest {
 
     /// An image of 4 by 4 pixels whose red is 10 * row + column + 1.
     static Image numbered_image() {
-        Image image = plain_image(30, 4, {0, 0, 7});
+        Image image = plain_image(30, 4, 0x000007);
         for (std::size_t i = 0; i < 16; ++i) {
             image.bytes[i * 3] = static_cast<std::uint8_t>(i / 4 * 10 + i % 4 + 1);
         }
@@ -36,7 +36,7 @@ class Drawing : public RaceTest {
                              int at_y) {
         clear_frame();
         draw(at_x, at_y, 30);
-        return pixels_of(frame_buffer_copy(), {9, 9, 9});
+        return pixels_of(0x090909);
     }
 };
 
@@ -54,34 +54,33 @@ TEST_F(Drawing, StoresTheBottomRowFirstAndDropsWhatIsOutside) {
          {std::pair(320, 0), {0, 240}, {-1, 5}, {5, -1}, {INT32_MAX, 5}, {5, INT32_MIN}}) {
         plot(at_x, at_y, 255, 255, 255);
     }
-    EXPECT_EQ(pixels_of(frame_buffer_copy(), WHITE), "");
+    EXPECT_EQ(pixels_of(WHITE), "");
     plot(319, 239, 255, 256 + 255, 0); // of which the low 8 bits count
-    EXPECT_EQ(pixels_of(frame_buffer_copy(), YELLOW), "319,239");
+    EXPECT_EQ(pixels_of(YELLOW), "319,239");
     clear_frame();
-    EXPECT_EQ(pixels_of(frame_buffer_copy(), YELLOW), "");
+    EXPECT_EQ(pixels_of(YELLOW), "");
 }
 
 TEST_F(Drawing, OnlyBlackPixelsOfSpritesAreTransparent) {
-    Image image = plain_image(30, 2, {0, 0, 1});
+    Image image = plain_image(30, 2, 0x000001);
     image.bytes[5] = 0; // second pixel black
     load_images({image});
     plot(11, 10, 255, 255, 255);
     draw_sprite(10, 10, 30);
-    EXPECT_EQ(pixels_of(frame_buffer_copy(), {0, 0, 1}), "10,10 10,11 11,11");
-    EXPECT_EQ(pixels_of(frame_buffer_copy(), WHITE), "11,10");
+    EXPECT_EQ(pixels_of(0x000001), "10,10 10,11 11,11");
+    EXPECT_EQ(pixels_of(WHITE), "11,10");
 }
 
 TEST_F(Drawing, SpritesAreCutAtTheEdgesOrClampedToThem) {
     load_images({numbered_image()});
-    using Reds = std::vector<int>;
-    const auto reds = [](auto&& draw, int at_x, int at_y,
-                         const std::vector<std::pair<int, int>>& seen) {
+    using Reds = std::vector<std::uint32_t>;
+    const auto reds = [](auto draw, int at_x, int at_y,
+                         std::initializer_list<std::pair<int, int>> seen) {
         clear_frame();
         draw(at_x, at_y, 30);
-        const Picture picture = frame_buffer_copy();
         Reds found;
         for (const auto& [seen_x, seen_y] : seen) {
-            found.push_back(picture.logical(seen_x, seen_y).red);
+            found.push_back(drawn_picture().at(seen_x, seen_y) >> 16U);
         }
         return found;
     };
@@ -103,7 +102,7 @@ TEST_F(Drawing, OddlyShapedSpritesShowOnlyWhatTheyHold) {
     for (const std::int32_t none : {7, -1, SPRITE_COUNT}) {
         draw_sprite(0, 0, none);
     }
-    EXPECT_EQ(pixels_of(frame_buffer_copy(), {9, 9, 9}), "");
+    EXPECT_EQ(pixels_of(0x090909), "");
     EXPECT_EQ(nines(draw_sprite, 0, 0), "");
 
     constexpr std::int32_t WIDTH = 26754; // whose square just fits the archive's sizes
@@ -121,7 +120,7 @@ TEST_F(Drawing, OddlyShapedSpritesShowOnlyWhatTheyHold) {
 }
 
 TEST_F(Drawing, AFrameStacksTrackCarMarkerTextsGhostsAndPointer) {
-    load_images({plain_image(30, 16, {1, 1, 1}), plain_image(250, 2, {2, 2, 2})});
+    load_images({plain_image(30, 16, 0x010101), plain_image(250, 2, 0x020202)});
     place(2400.0F, 2396.0F, 180.0F, 1.0F);
     cycle[PLAYER_SLOT] = 4;
     ghost_x[2][5] = 2400.0F;
@@ -131,28 +130,28 @@ TEST_F(Drawing, AFrameStacksTrackCarMarkerTextsGhostsAndPointer) {
     view_x = 2240;
     view_y = 2280;
     race_frame();
-    const Picture picture = frame_buffer_copy();
-    EXPECT_EQ(picture.logical(155, 119), (Pixel{1, 1, 1}));   // the marker covers a rear corner
-    EXPECT_EQ(picture.logical(155, 110), WHITE);              // and not a front one
-    EXPECT_EQ(picture.logical(160, 109), WHITE);              // the car is drawn after its move
-    EXPECT_EQ(picture.logical(160, 114), (Pixel{255, 0, 0})); // the ghost covers the marker
-    EXPECT_EQ(picture.logical(161, 127), (Pixel{2, 2, 2}));   // the pointer covers it all
+    const Picture picture = drawn_picture();
+    EXPECT_EQ(picture.at(155, 119), 0x010101U); // the marker covers a rear corner
+    EXPECT_EQ(picture.at(155, 110), WHITE);     // and not a front one
+    EXPECT_EQ(picture.at(160, 109), WHITE);     // the car is drawn after its move
+    EXPECT_EQ(picture.at(160, 114), 0xFF0000U); // the ghost covers the marker
+    EXPECT_EQ(picture.at(161, 127), 0x020202U); // the pointer covers it all
     EXPECT_EQ(std::pair(view_x, view_y), std::pair(2240, 2275));
 }
 
 TEST_F(Drawing, GhostsCoverTheTextsAndAMarkerPassedByStaysAtTheViewsEdge) {
-    load_images({plain_image(30, 16, {1, 1, 1})});
+    load_images({plain_image(30, 16, 0x010101)});
     cycle[PLAYER_SLOT] = 4;
     ghost_x[2][5] = 2450.0F + 14.5F; // its nose on the second bar of the overlay's first letter
     ghost_y[2][5] = 2300.0F + 25.5F;
     view_x = 2450;
     view_y = 2300;
     race_frame();
-    const Picture picture = frame_buffer_copy();
-    EXPECT_EQ(picture.logical(12, 19), YELLOW);
-    EXPECT_EQ(picture.logical(14, 19), (Pixel{255, 0, 0}));
-    EXPECT_EQ(picture.logical(0, 92), (Pixel{1, 1, 1}));
-    EXPECT_EQ(picture.logical(1, 92), ROAD);
+    const Picture picture = drawn_picture();
+    EXPECT_EQ(picture.at(12, 19), YELLOW);
+    EXPECT_EQ(picture.at(14, 19), 0xFF0000U);
+    EXPECT_EQ(picture.at(0, 92), 0x010101U);
+    EXPECT_EQ(picture.at(1, 92), ROAD);
 }
 
 TEST_F(Drawing, EveryCellOfTheViewIsPainted) {
@@ -163,11 +162,11 @@ TEST_F(Drawing, EveryCellOfTheViewIsPainted) {
         track_grid[5239 * 10000 + 5000 + column] = CELL_OFF_TRACK;
     }
     race_frame();
-    const Picture picture = frame_buffer_copy();
+    const Picture picture = drawn_picture();
     for (int column = 0; column < 320; ++column) {
         const bool is_grass = std::find(grass.begin(), grass.end(), column) != grass.end();
-        EXPECT_EQ(picture.logical(column, 100), is_grass ? GRASS : ROAD) << column;
-        EXPECT_EQ(picture.logical(column, 239), is_grass ? GRASS : ROAD) << column;
+        EXPECT_EQ(picture.at(column, 100), is_grass ? GRASS : ROAD) << column;
+        EXPECT_EQ(picture.at(column, 239), is_grass ? GRASS : ROAD) << column;
     }
 }
 
@@ -177,7 +176,7 @@ TEST_F(Drawing, AFrameThatIsNotShownMovesTheCarAndHasNoTrack) {
     race_frame();
     EXPECT_FLOAT_EQ(y, 4997.0F);
     EXPECT_EQ(view_y, 4877);
-    EXPECT_EQ(frame_buffer_copy().logical(300, 100), BLACK);
+    EXPECT_EQ(drawn_picture().at(300, 100), BLACK);
 }
 
 } // namespace

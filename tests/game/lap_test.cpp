@@ -1,7 +1,6 @@
 // Laps through the box, their results and their ghosts.
 #include "race/ghosts.h"
 #include "race/laps.h"
-#include "race/view.h"
 #include "tests/support/race_test.h"
 
 namespace tarvik::test {
@@ -35,31 +34,30 @@ TEST_F(Lap, StartsInsideTheOpenBoxOnly) {
 
 TEST_F(Lap, ACarInTheBoxCompletesEvery301Frames) {
     place(2400.0F, 2400.0F, 180.0F, 0.0F);
-    frames(1);
-    EXPECT_EQ(cycle[PLAYER_SLOT], 2);
-    frames(299);
-    EXPECT_EQ(cycle[PLAYER_SLOT], 301);
-    EXPECT_EQ(last_cycle[PLAYER_SLOT], 0);
-    frames(1); // the clock does not count in the frame of completion
-    EXPECT_EQ(cycle[PLAYER_SLOT], 0);
+    // The clock does not count in the frame of completion.
+    for (const auto& [more, count] : {std::pair(1, 2), {299, 301}, {1, 0}, {1, 2}}) {
+        frames(more);
+        EXPECT_EQ(cycle[PLAYER_SLOT], count);
+    }
     EXPECT_EQ(last_cycle[PLAYER_SLOT], 301);
     EXPECT_EQ(best_cycle[PLAYER_SLOT], 301);
-    frames(1);
-    EXPECT_EQ(cycle[PLAYER_SLOT], 2);
 }
 
 TEST_F(Lap, ResultsAddTheTruncatedPenaltyAndKeepItOnDisplay) {
-    complete(1250, 37.6F);
-    EXPECT_EQ(last_cycle[PLAYER_SLOT], 1287);
-    EXPECT_EQ(best_cycle[PLAYER_SLOT], 1287);
-    EXPECT_EQ(penalty[PLAYER_SLOT], 37.6F);
-    complete(1288, 0.0F);
-    EXPECT_EQ(last_cycle[PLAYER_SLOT], 1288);
-    EXPECT_EQ(best_cycle[PLAYER_SLOT], 1287);
-    complete(300, 5.0F); // too short to count
-    EXPECT_EQ(cycle[PLAYER_SLOT], 300);
-    EXPECT_EQ(last_cycle[PLAYER_SLOT], 1288);
-    penalty[PLAYER_SLOT] = 5.0F;
+    struct Result {
+        std::int32_t frame_count;
+        float penalty;
+        std::int32_t last, best, count;
+    };
+    for (const Result& each : {Result{1250, 37.6F, 1287, 1287, 0},
+                               {1288, 0.0F, 1288, 1287, 0},
+                               {300, 5.0F, 1288, 1287, 300}}) { // too short to count
+        complete(each.frame_count, each.penalty);
+        EXPECT_EQ(last_cycle[PLAYER_SLOT], each.last);
+        EXPECT_EQ(best_cycle[PLAYER_SLOT], each.best);
+        EXPECT_EQ(cycle[PLAYER_SLOT], each.count);
+        EXPECT_EQ(penalty[PLAYER_SLOT], each.penalty);
+    }
     EXPECT_TRUE(starts_at(2400.0F, 2400.0F));
     EXPECT_EQ(penalty[PLAYER_SLOT], 0.0F);
 }
@@ -84,9 +82,8 @@ TEST_F(Lap, GhostsMoveThroughAllSlotsAndKeepOlderEndsAfterShorterLaps) {
     for (int lap = 1; lap <= 7; ++lap) {
         const std::int32_t length = lap == 7 ? 310 : 400; // the last lap is shorter
         for (cycle[PLAYER_SLOT] = 2; cycle[PLAYER_SLOT] < length; ++cycle[PLAYER_SLOT]) {
-            x = static_cast<float>(lap * 1000);
-            y = static_cast<float>(lap);
-            degrees = static_cast<float>(lap * 10);
+            const auto place_of_lap = static_cast<float>(lap);
+            place(place_of_lap * 1000, place_of_lap, place_of_lap * 10, 0.0F);
             record_lap_frame();
         }
         complete(length, 0.0F);
@@ -112,7 +109,6 @@ TEST_F(Lap, GhostsMoveThroughAllSlotsAndKeepOlderEndsAfterShorterLaps) {
 }
 
 TEST_F(Lap, GhostsAreDrawnInTheirColoursAtTheFrameOfTheLap) {
-    view_x = view_y = 0;
     cycle[PLAYER_SLOT] = 9;
     for (int slot = FIRST_GHOST_SLOT; slot <= LAST_GHOST_SLOT; ++slot) {
         ghost_x[slot][9] = static_cast<float>(slot * 30) + 0.5F;
@@ -120,14 +116,11 @@ TEST_F(Lap, GhostsAreDrawnInTheirColoursAtTheFrameOfTheLap) {
         ghost_heading[slot][9] = 0.0F;
     }
     draw_ghosts();
-    const Picture picture = frame_buffer_copy();
-    const std::vector<Pixel> colours = {
-        {255, 0, 0}, {0, 0, 255}, {0, 255, 0}, {255, 255, 0}, {0, 255, 255}};
-    for (int ghost = 0; ghost < 5; ++ghost) { // each a nose, pointing down, and a rear corner
-        EXPECT_EQ(picture.logical(60 + 30 * ghost, 66),
-                  colours.at(static_cast<std::size_t>(ghost)));
-        EXPECT_EQ(picture.logical(56 + 30 * ghost, 56),
-                  colours.at(static_cast<std::size_t>(ghost)));
+    int column = 60; // each a nose, pointing down, and a rear corner
+    for (const std::uint32_t colour : {0xFF0000U, 0x0000FFU, 0x00FF00U, 0xFFFF00U, 0x00FFFFU}) {
+        EXPECT_EQ(drawn_picture().at(column, 66), colour);
+        EXPECT_EQ(drawn_picture().at(column - 4, 56), colour);
+        column += 30;
     }
 }
 

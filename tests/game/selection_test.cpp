@@ -18,58 +18,53 @@ class Selection : public RaceTest {
         }
     }
 
-    static std::vector<std::uint8_t>& map_file(int number) {
-        return scripted::memory_files[number == 1 ? "data/race1.map" : "data/race2.map"].bytes;
+    static scripted::File& map_file(int number) {
+        return scripted::memory_files["data/race" + std::to_string(number) + ".map"];
     }
 };
 
 TEST_F(Selection, BracketsLoadATrackAndStartTheRaceAfresh) {
-    map_file(1) = plain_map(0);
-    map_file(2) = plain_map(2);
-    best_cycle[PLAYER_SLOT] = 500;
+    map_file(1).bytes = plain_map(9);
+    map_file(2).bytes = plain_map(2);
     last_cycle[PLAYER_SLOT] = 600;
     ghost_y[6][999999] = 1.0F;
     ghost_heading[0][0] = 1.0F;
-    x = 9.0F;
     difficulty = THOUGH;
-    type({VK_OEM_6});
-    EXPECT_EQ(race_number, 2);
-    EXPECT_EQ(track_grid[0], 2);
-    EXPECT_EQ(track_grid[TRACK_MAP_BYTES - 1], 2);
-    EXPECT_EQ(best_cycle[PLAYER_SLOT], BEST_CYCLE_NONE);
-    EXPECT_EQ(last_cycle[PLAYER_SLOT], 0);
-    EXPECT_EQ(ghost_y[6][999999], GHOST_NOWHERE);
-    EXPECT_EQ(ghost_heading[0][0], GHOST_NO_HEADING);
-    EXPECT_EQ(x, 2400.0F);
-    EXPECT_EQ(difficulty, THOUGH);
-
     const auto race_after = [](std::initializer_list<int> keys) {
         best_cycle[PLAYER_SLOT] = 500;
+        x = 9.0F;
+        track_grid[0] = 0;
         type(keys);
         EXPECT_EQ(best_cycle[PLAYER_SLOT], BEST_CYCLE_NONE);
+        EXPECT_EQ(x, 2400.0F);
+        EXPECT_EQ(track_grid[0], race_number == 1 ? 9 : 2);
+        EXPECT_EQ(track_grid[TRACK_MAP_BYTES - 1], track_grid[0]);
         return race_number;
     };
     EXPECT_EQ(race_after({VK_OEM_6}), 2);
+    EXPECT_EQ(last_cycle[PLAYER_SLOT], 0);
+    EXPECT_EQ(ghost_y[6][999999], GHOST_NOWHERE);
+    EXPECT_EQ(ghost_heading[0][0], GHOST_NO_HEADING);
+    EXPECT_EQ(difficulty, THOUGH);
+    EXPECT_EQ(race_after({VK_OEM_6}), 2);
     EXPECT_EQ(race_after({VK_OEM_4, VK_OEM_6}), 2); // first back to track 1, then on to track 2
     EXPECT_EQ(race_after({VK_OEM_4}), 1);
-    map_file(1) = plain_map(9);
     EXPECT_EQ(race_after({VK_OEM_4}), 1);
-    EXPECT_EQ(track_grid[77], 9);
 }
 
 TEST_F(Selection, TheNextFrameShowsTheNewTrack) {
-    map_file(2) = plain_map(CELL_OFF_TRACK);
+    map_file(2).bytes = plain_map(CELL_OFF_TRACK);
     key_down[VK_OEM_6] = 1;
-    frames(1);
-    EXPECT_EQ(frame_buffer_copy().logical(300, 100), ROAD);
-    frames(1);
-    EXPECT_EQ(frame_buffer_copy().logical(300, 100), GRASS);
-    EXPECT_EQ(key_down[VK_OEM_6], 1) << "held, it acts in every frame";
+    for (const std::uint32_t colour : {ROAD, GRASS}) {
+        race_frame();
+        EXPECT_EQ(drawn_picture().at(300, 100), colour);
+        EXPECT_EQ(key_down[VK_OEM_6], 1) << "held, it acts in every frame";
+    }
 }
 
 TEST_F(Selection, ShortAndMissingMapsLeaveTheRestOfTheGrid) {
     std::memset(track_grid, 5, TRACK_MAP_BYTES);
-    map_file(2).assign(10000, 0);
+    map_file(2).bytes.assign(10000, 0);
     type({VK_OEM_6});
     EXPECT_EQ(track_grid[9999], 0);
     EXPECT_EQ(track_grid[10000], 5);
@@ -79,15 +74,14 @@ TEST_F(Selection, ShortAndMissingMapsLeaveTheRestOfTheGrid) {
     EXPECT_EQ(track_grid[0], 0);
     EXPECT_EQ(scripted::memory_files.count("data/race2.map"), 1U) << "created empty";
 
-    map_file(2) = plain_map(7);
-    scripted::memory_files["data/race2.map"].read_only = true;
+    map_file(2) = {.bytes = plain_map(7), .read_only = true};
     x = 9.0F;
     type({VK_OEM_6});
     EXPECT_EQ(track_grid[0], 0);
     EXPECT_EQ(x, 2400.0F) << "the race starts afresh all the same";
 
-    scripted::memory_files["data/race2.map"].read_only = false;
-    map_file(2).push_back(8); // bytes beyond the grid are ignored
+    map_file(2).read_only = false;
+    map_file(2).bytes.push_back(8); // bytes beyond the grid are ignored
     type({VK_OEM_6});
     EXPECT_EQ(track_grid[TRACK_MAP_BYTES - 1], 7);
 }

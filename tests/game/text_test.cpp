@@ -15,7 +15,7 @@ class Text : public RaceTest {
         clear_frame();
         std::snprintf(text_buffer, TEXT_BUFFER_SIZE, "%s", text);
         draw_text(at_x, at_y, 255, 255, 255);
-        return pixels_of(frame_buffer_copy(), WHITE);
+        return pixels_of(WHITE);
     }
 };
 
@@ -51,8 +51,11 @@ TEST_F(Text, TheFontIsComplete) {
 }
 
 TEST_F(Text, TheStatusShowsTheRaceAsItIs) {
-    draw_track_and_hud();
-    EXPECT_TRUE(shows_text(frame_buffer_copy(), "Best Cycle : 999999", 146 + 26 * 3, 16, WHITE));
+    const auto shows = [](const char* text, int at_x, int at_y) {
+        draw_track_and_hud();
+        return shows_text(drawn_picture(), text, at_x, at_y, WHITE);
+    };
+    EXPECT_TRUE(shows("Best Cycle : 999999", 146 + 26 * 3, 16));
     gear[PLAYER_SLOT] = 5;
     best_cycle[PLAYER_SLOT] = 4321;
     last_cycle[PLAYER_SLOT] = 9876;
@@ -61,25 +64,22 @@ TEST_F(Text, TheStatusShowsTheRaceAsItIs) {
     for (const auto& [level, name] :
          {std::pair(EASY, "Easy"), {THOUGH, "Though"}, {ADVANCED, "Advanced"}}) {
         difficulty = level;
-        draw_track_and_hud();
-        EXPECT_TRUE(shows_text(frame_buffer_copy(), name, 30, 44, WHITE)) << name;
+        EXPECT_TRUE(shows(name, 30, 44)) << name;
     }
-    const Picture picture = frame_buffer_copy();
-    EXPECT_TRUE(shows_text(picture, "Gear : 5", 30, 30, WHITE));
-    EXPECT_TRUE(shows_text(picture, "Best Cycle : 4321", 146 + 26 * 3, 16, WHITE));
-    EXPECT_TRUE(shows_text(picture, "Race ended : 9876           Cycle : 120", 146, 30, WHITE));
-    EXPECT_TRUE(shows_text(picture, "Punition : 41", 146 + 26 * 3, 44, WHITE));
+    EXPECT_TRUE(shows("Gear : 5", 30, 30));
+    EXPECT_TRUE(shows("Best Cycle : 4321", 146 + 26 * 3, 16));
+    EXPECT_TRUE(shows("Race ended : 9876           Cycle : 120", 146, 30));
+    EXPECT_TRUE(shows("Punition : 41", 146 + 26 * 3, 44));
 }
 
 TEST_F(Text, TheOverlayNamesTheBuildAndTheKeys) {
     race_frame();
-    const Picture picture = frame_buffer_copy();
-    EXPECT_TRUE(shows_text(picture, "WIN32TARVIK001", 12, 14, YELLOW));
-    EXPECT_TRUE(
-        shows_text(picture, "Press A,Z,UP,DOWN,LEFT,RIGHT,ESCAPE,1,2,3,[,]", 12, 216, YELLOW));
-    EXPECT_TRUE(
-        shows_text(picture, "Tarvik: six gears, two tracks, five ghosts and you", 12, 226, YELLOW));
-    EXPECT_EQ(pixels_of(picture, YELLOW).find("319,"), std::string::npos) << "the lines must fit";
+    for (const auto& [text, row] : {std::pair("WIN32TARVIK001", 14),
+                                    {"Press A,Z,UP,DOWN,LEFT,RIGHT,ESCAPE,1,2,3,[,]", 216},
+                                    {"Tarvik: six gears, two tracks, five ghosts and you", 226}}) {
+        EXPECT_TRUE(shows_text(drawn_picture(), text, 12, row, YELLOW)) << text;
+    }
+    EXPECT_EQ(pixels_of(YELLOW).find("319,"), std::string::npos) << "the lines must fit";
 }
 
 } // namespace

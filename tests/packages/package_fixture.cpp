@@ -15,20 +15,17 @@ namespace {
 std::optional<test::Picture> picture_of(const Player& player, const Area& area) {
     const Pixels pixels = player.look_at(area);
     const int factor = area.width / 320;
-    test::Picture picture{std::vector<std::uint8_t>(640 * 480 * 3), 640, 480};
+    test::Picture picture;
     for (std::size_t at = 0; at < pixels.size(); ++at) {
-        const int x = static_cast<int>(at) % area.width / factor;
-        const int y = static_cast<int>(at) / area.width / factor;
-        const auto first = static_cast<std::size_t>((y * area.width + x) * factor);
+        const int x = static_cast<int>(at) % area.width;
+        const int y = static_cast<int>(at) / area.width;
+        const auto first =
+            static_cast<std::size_t>(y / factor * factor * area.width + x / factor * factor);
         if (pixels[at] != pixels[first]) {
             return std::nullopt;
         }
-        for (const int block : {0, 1, 640, 641}) {
-            const int place = (479 - 2 * y) * 640 + 2 * x - block / 640 * 640 + block % 640;
-            for (const int channel : {0, 1, 2}) {
-                picture.bytes[static_cast<std::size_t>(place * 3 + channel)] =
-                    static_cast<std::uint8_t>(pixels[at] >> (16 - 8 * channel));
-            }
+        if (at == first) {
+            picture.pixels.push_back(static_cast<std::uint32_t>(pixels[at]));
         }
     }
     return pixels.empty() ? std::nullopt : std::optional(picture);

@@ -1,4 +1,4 @@
-// What is driven, and what has to come of it.
+// What is driven.
 #include "tests/signature/drives.h"
 
 #include "platform/driver.h"
@@ -48,25 +48,25 @@ void mash() {
     }
 }
 
-void stand_at(float x, float y) {
-    car_x[PLAYER_SLOT] = x;
-    car_y[PLAYER_SLOT] = y;
-    speed[PLAYER_SLOT] = 0.0F;
+void place(std::uint32_t x, std::uint32_t y, float with_speed) {
+    car_x[PLAYER_SLOT] = static_cast<float>(x);
+    car_y[PLAYER_SLOT] = static_cast<float>(y);
+    speed[PLAYER_SLOT] = with_speed;
 }
 
 /// In fourth gear, each completed lap a new ghost.
-void drive_laps(Run& run, long count) {
-    for (long frame = 0; frame < count; ++frame) {
+void drive_laps(Run& run, const Drive& plan) {
+    for (long frame = 0; frame < plan.frames; ++frame) {
         drive_ring(4);
         run.frame();
     }
 }
 
 /// Round and round in top gear with the arrow held, far beyond the grip of the tyres.
-void skid(Run& run, long count) {
+void skid(Run& run, const Drive& plan) {
     press('1'); // "Easy": the car goes off the road
     run.frame();
-    for (long frame = 2; frame <= count; ++frame) {
+    for (long frame = 2; frame <= plan.frames; ++frame) {
         if (frame < 300) {
             drive_ring(TOP_GEAR);
         } else if (frame % 300 == 0) {
@@ -85,9 +85,9 @@ void skid(Run& run, long count) {
     }
 }
 
-void mash_keys(Run& run, long count) {
+void mash_keys(Run& run, const Drive& plan) {
     luck = 4711;
-    for (long frame = 1; frame <= count; ++frame) {
+    for (long frame = 1; frame <= plan.frames; ++frame) {
         mash();
         if (frame % 150 == 0) {
             tap(frame % 300 == 0 ? VK_OEM_4 : VK_OEM_6);
@@ -96,15 +96,18 @@ void mash_keys(Run& run, long count) {
     }
 }
 
-/// Now round the ring, now anyhow, now far off the road and off the grid; with a new difficulty
-/// each time, and a switch of tracks now and then.
-void drive_at_random(Run& run, long count) {
-    enum class Style { ROUND_THE_RING, ANYHOW, STRAIGHT_AWAY };
-    auto style = Style::ROUND_THE_RING;
+} // namespace
+
+const Drive SIGNATURE_DRIVES[] = {
+    {"laps", drive_laps, 4200, 1}, {"skids", skid, 1500, 20}, {"keys", mash_keys, 900, 300}};
+
+void drive_at_random(Run& run, const Drive& plan) {
+    enum Style { ROUND_THE_RING, ANYHOW, STRAIGHT_AWAY, IN_THE_BOX, LEFT_RUNNING, STYLES };
+    std::uint32_t style = ROUND_THE_RING;
     std::int32_t ring_gear = 0;
     std::uint32_t frames_left = 0; // in this style
-    luck = run.seed();
-    for (long frame = 0; frame < count; ++frame) {
+    luck = plan.seed;
+    for (long frame = 0; frame < plan.frames; ++frame) {
         if (frames_left-- == 0) {
             std::for_each(std::begin(KEYS), std::end(KEYS), release);
             take_wheel();
@@ -112,81 +115,29 @@ void drive_at_random(Run& run, long count) {
             if (below(20) == 0) {
                 tap(below(2) == 0 ? VK_OEM_4 : VK_OEM_6);
             }
-            style = static_cast<Style>(below(3));
+            style = below(STYLES);
             ring_gear = static_cast<std::int32_t>(3 + below(4));
             frames_left = 500 + below(4000);
-        } else if (style == Style::ROUND_THE_RING) {
+            if (style == LEFT_RUNNING) { // of the lap only the end
+                cycle[PLAYER_SLOT] = CYCLE_LIMIT - static_cast<std::int32_t>(below(1000));
+            }
+        } else if (style == ROUND_THE_RING) {
             drive_ring(ring_gear);
+        } else if (style == IN_THE_BOX) {
+            place(BOX_LEFT + BOX_SIZE / 2, BOX_TOP + BOX_SIZE / 2, 0.0F);
+        } else if (style == LEFT_RUNNING) {
+            place(2400, 2479, 0.0F);
         } else {
             mash();
         }
-        if (style == Style::STRAIGHT_AWAY) {
+        if (style == STRAIGHT_AWAY) {
             speed[PLAYER_SLOT] = 3.3F;
             if (below(50) == 0) { // thousands of cells from one frame to the next
-                car_x[PLAYER_SLOT] = static_cast<float>(below(12000)) - 1000.0F;
-                car_y[PLAYER_SLOT] = static_cast<float>(below(12000)) - 1000.0F;
+                place(below(12000), below(12000), 3.3F);
             }
         }
         run.frame();
     }
-}
-
-/// Leaves a lap running until it is given up. Of the lap only the last frames are driven where
-/// fewer are asked for than it may have.
-void leave_lap_running(Run& run, long count) {
-    stand_at(BOX_LEFT + BOX_SIZE / 2, BOX_TOP + BOX_SIZE / 2);
-    run.frame();
-    run.expect(cycle[PLAYER_SLOT] == 2, "no lap has started");
-    stand_at(START_X, START_Y + 1);
-    cycle[PLAYER_SLOT] =
-        std::max<std::int32_t>(2, CYCLE_LIMIT + 1 - static_cast<std::int32_t>(count));
-    for (std::int32_t next = cycle[PLAYER_SLOT] + 1; next <= CYCLE_LIMIT + 1; ++next) {
-        run.frame();
-        run.expect(cycle[PLAYER_SLOT] == next, "the lap was not counted");
-    }
-    run.frame();
-    run.expect(cycle[PLAYER_SLOT] == 0 && car_y[PLAYER_SLOT] == START_Y, "it was not given up");
-    run.expect(ghost_y[PLAYER_SLOT][CYCLE_LIMIT + 1] == START_Y + 1, "its end is not recorded");
-}
-
-/// A car that is left in the box completes a lap as soon as a lap may end. After every
-/// tenth come two switches of the track, which forget all ghosts.
-void complete_laps(Run& run, long count) {
-    for (long lap = 1; lap <= count; ++lap) {
-        // Each lap a little further along, so that its ghost is known by its place.
-        const float x = BOX_LEFT + 1 + static_cast<float>(lap % 14);
-        stand_at(x, BOX_TOP + BOX_SIZE / 2);
-        for (int frame = 0; frame <= MIN_LAP_FRAMES; ++frame) {
-            run.frame();
-        }
-        run.expect(cycle[PLAYER_SLOT] == 0 && last_cycle[PLAYER_SLOT] == MIN_LAP_FRAMES + 1,
-                   "lap " + std::to_string(lap) + " was not completed");
-        run.expect(ghost_x[FIRST_GHOST_SLOT][MIN_LAP_FRAMES] == x, "it has no ghost");
-        if (lap % 10 == 0) {
-            for (const int race : {2, 1}) {
-                tap(race == 2 ? VK_OEM_6 : VK_OEM_4);
-                run.frame();
-                run.expect(race_number == race, "the track was not switched");
-                run.frame(); // takes the key's release
-            }
-        }
-    }
-}
-
-} // namespace
-
-const std::vector<Drive>& signature_drives() {
-    static const std::vector<Drive> drives = {
-        {"laps", drive_laps, 4200, 1}, {"skids", skid, 1500, 20}, {"keys", mash_keys, 900, 300}};
-    return drives;
-}
-
-const Drive* find_long_drive(const std::string& name) {
-    static const std::vector<Drive> drives = {
-        {"random", drive_at_random}, {"endless", leave_lap_running}, {"laps", complete_laps}};
-    const auto found = std::find_if(drives.begin(), drives.end(),
-                                    [&](const Drive& each) { return each.name == name; });
-    return found == drives.end() ? nullptr : &*found;
 }
 
 } // namespace tarvik::test

@@ -3,23 +3,21 @@
 
 #include "tests/signature/run.h"
 
-#include <cstdint>
-#include <string>
-#include <vector>
-
 namespace tarvik::test {
 
 struct Drive {
-    const char* name = nullptr;
-    void (*drive)(Run& run, long count) = nullptr;
-    long count = 0; ///< frames of those that make the signature
-    std::uint32_t seed = 1;
+    const char* name;
+    void (*drive)(Run& run, const Drive& plan);
+    long frames;
+    std::uint32_t seed;
 };
 
 /// Those that make the signature, in the order in which they do.
-const std::vector<Drive>& signature_drives();
+extern const Drive SIGNATURE_DRIVES[3];
 
-/// Those for minutes or hours of play; null for a name that is none.
-const Drive* find_long_drive(const std::string& name);
+/// For minutes or hours of play: round the ring, anyhow, far off the road and the grid, laps as
+/// short as can be, and laps until they are given up; with a new difficulty each time, and a switch
+/// of tracks now and then.
+void drive_at_random(Run& run, const Drive& plan);
 
 } // namespace tarvik::test

@@ -5,18 +5,37 @@
 #include "race/race_state.h"
 #include "race/view.h"
 #include "render/frame_buffer.h"
+#include "tests/support/invariants.h"
+#include "tests/support/picture.h"
 #include "tests/support/ring.h"
 
+#include <cstdio>
 #include <iomanip>
-#include <sstream>
 #include <stdexcept>
 
 namespace tarvik::test {
 
 namespace {
 
+constexpr int P = PLAYER_SLOT;
 constexpr long LINE_INTERVAL = 20;
 constexpr long PICTURE_INTERVAL = 10; // of runs without a trace
+
+template <typename... Values>
+void add_values(Hash& hash, const Values&... values) {
+    (hash.add(&values, sizeof values), ...);
+}
+
+/// The race, the ghosts' places in this frame included.
+void add_state(Hash& hash) {
+    add_values(hash, car_x[P], car_y[P], heading[P], speed[P], gear[P], penalty[P], cycle[P],
+               last_cycle[P], best_cycle[P], frames_since_steer[P], steer_count[P], difficulty,
+               race_number, view_x, view_y);
+    for (int slot = P; slot <= LAST_GHOST_SLOT; ++slot) {
+        const std::int32_t frame = cycle[P];
+        add_values(hash, ghost_x[slot][frame], ghost_y[slot][frame], ghost_heading[slot][frame]);
+    }
+}
 
 template <typename First, typename... Others>
 void write_words(std::ostream& out, const First& first, const Others&... others) {
@@ -27,7 +46,17 @@ void write_words(std::ostream& out, const First& first, const Others&... others)
 
 } // namespace
 
-Run::Run(std::uint32_t seed, std::ostream* trace) : seed_(seed), trace_(trace) {
+void Hash::add(const void* data, std::size_t size) {
+    const std::size_t step = size % sizeof(std::uint64_t) == 0 ? sizeof(std::uint64_t) : 1;
+    for (std::size_t at = 0; at < size; at += step) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, static_cast<const std::uint8_t*>(data) + at, step);
+        state_ = (state_ ^ word) * 0x100000001B3U;
+        state_ ^= state_ >> 29U;
+    }
+}
+
+Run::Run(std::uint32_t seed, std::ostream* trace) : trace_(trace) {
     restart_on_ring(seed);
     if (trace_ != nullptr) {
         *trace_ << "frame x y heading speed gear penalty cycle last best difficulty race view_x "
@@ -39,21 +68,20 @@ Run::Run(std::uint32_t seed, std::ostream* trace) : seed_(seed), trace_(trace) {
 void Run::frame() {
     race_frame();
     ++frame_;
-    const std::string fault = invariants_.fault();
-    expect(fault.empty(), fault);
+    if (const std::string fault = find_fault(); !fault.empty()) {
+        throw std::runtime_error("frame " + std::to_string(frame_) + ": " + fault);
+    }
     add_state(states_);
     if (trace_ != nullptr || frame_ % PICTURE_INTERVAL == 0) {
-        pictures_.add(frame_buffer, static_cast<std::size_t>(screen_width * screen_height) * 3);
+        pictures_.add(frame_buffer, frame_bytes());
     }
     if (frame_ % LINE_INTERVAL == 0) {
-        expect(Invariants::is_picture_whole(), "a logical pixel is not of one colour");
-        write_line();
-    }
-}
-
-void Run::expect(bool holds, const std::string& what) const {
-    if (!holds) {
-        throw std::runtime_error("frame " + std::to_string(frame_) + ": " + what);
+        drawn_picture(); // throws if a logical pixel is not of one colour
+        if (trace_ != nullptr) {
+            write_words(*trace_, frame_, car_x[P], car_y[P], heading[P], speed[P], gear[P],
+                        penalty[P], cycle[P], last_cycle[P], best_cycle[P], difficulty, race_number,
+                        view_x, view_y, hex(states_.value()), hex(pictures_.value()));
+        }
     }
 }
 
@@ -64,19 +92,10 @@ std::uint64_t Run::number() const {
     return both.value();
 }
 
-void Run::write_line() const {
-    constexpr int P = PLAYER_SLOT;
-    if (trace_ != nullptr) {
-        write_words(*trace_, frame_, car_x[P], car_y[P], heading[P], speed[P], gear[P], penalty[P],
-                    cycle[P], last_cycle[P], best_cycle[P], difficulty, race_number, view_x, view_y,
-                    hex(states_.value()), hex(pictures_.value()));
-    }
-}
-
 std::string hex(std::uint64_t number) {
-    std::ostringstream out;
-    out << std::hex << std::setw(16) << std::setfill('0') << number;
-    return out.str();
+    char digits[17];
+    std::snprintf(digits, sizeof digits, "%016llx", static_cast<unsigned long long>(number));
+    return digits;
 }
 
 } // namespace tarvik::test

@@ -2,48 +2,38 @@
 #pragma once
 
 #include <cstdint>
-#include <iosfwd>
 #include <string>
 #include <vector>
 
 namespace tarvik::test {
 
-struct Pixel {
-    int red;
-    int green;
-    int blue;
-    bool operator==(const Pixel&) const = default;
-};
+// Colours are 0xRRGGBB.
+inline constexpr std::uint32_t BLACK = 0x000000;
+inline constexpr std::uint32_t WHITE = 0xFFFFFF;
+inline constexpr std::uint32_t YELLOW = 0xFFFF00;
+inline constexpr std::uint32_t ROAD = 0x3C3C3C;
+inline constexpr std::uint32_t GRASS = 0x00C800;
 
-inline constexpr Pixel BLACK{0, 0, 0};
-inline constexpr Pixel WHITE{255, 255, 255};
-inline constexpr Pixel YELLOW{255, 255, 0};
-inline constexpr Pixel ROAD{60, 60, 60};
-inline constexpr Pixel GRASS{0, 200, 0};
-
-std::ostream& operator<<(std::ostream& out, const Pixel& pixel);
-
-/// A copy of a frame buffer, bottom row first.
+/// The logical pixels of a frame, row by row from the top.
 struct Picture {
-    std::vector<std::uint8_t> bytes;
-    int width = 0;
-    int height = 0;
+    std::vector<std::uint32_t> pixels;
 
-    /// Device pixel, y = 0 at the top.
-    Pixel device(int x, int y) const;
-
-    /// Logical pixel; throws if its four device pixels differ, which fails the running test.
-    Pixel logical(int x, int y) const;
+    std::uint32_t at(int x, int y) const;
 };
 
-/// A copy of what is in the frame buffer now.
-Picture frame_buffer_copy();
+/// Reads `frame` as OpenGL gets it; throws if a logical pixel is not of one colour, which fails
+/// the running test.
+Picture picture_of(const std::uint8_t* frame);
 
-/// The logical pixels of `colour`, as "x,y x,y ..." in rows from the top.
-std::string pixels_of(const Picture& picture, Pixel colour);
+/// What is in the frame buffer now.
+Picture drawn_picture();
+
+/// The logical pixels of `colour` in the frame buffer, as "x,y x,y ..." in rows from the top.
+std::string pixels_of(std::uint32_t colour);
 
 /// Whether exactly the set cells of `text`, drawn with the game's font at logical (x, y), have
 /// `colour` in the rectangle that the text takes.
-bool shows_text(const Picture& picture, const std::string& text, int x, int y, Pixel colour);
+bool shows_text(const Picture& picture, const std::string& text, int x, int y,
+                std::uint32_t colour);
 
 } // namespace tarvik::test

@@ -4,13 +4,13 @@
 #include "platform/driver.h"
 #include "platform/scripted/scripted.h"
 #include "race/track_grid.h"
+#include "render/sprite.h"
 
 #include <algorithm>
 
 namespace tarvik::test {
 
-bool keep_pictures = false;
-std::vector<Picture> pictures;
+Picture shown_picture;
 
 namespace {
 
@@ -28,20 +28,6 @@ void on_frame() {
     }
 }
 
-void on_picture(const std::uint8_t* pixels, int width, int height) {
-    if (!keep_pictures) {
-        pictures.clear();
-    }
-    const auto size = static_cast<std::size_t>(width * height) * 3;
-    pictures.push_back({{pixels, pixels + size}, width, height});
-}
-
-void append_integer(std::vector<std::uint8_t>& bytes, std::int32_t value) {
-    for (unsigned shift = 0; shift < 32; shift += 8) {
-        bytes.push_back(static_cast<std::uint8_t>(static_cast<std::uint32_t>(value) >> shift));
-    }
-}
-
 } // namespace
 
 int run_program(int frames, const FrameScript& script) {
@@ -49,7 +35,8 @@ int run_program(int frames, const FrameScript& script) {
     last_frame = frames;
     frame_script = &script;
     set_frame_hook(on_frame);
-    scripted::set_picture_hook(on_picture);
+    scripted::set_picture_hook(
+        [](const std::uint8_t* pixels, int, int) { shown_picture = picture_of(pixels); });
     scripted::use_memory_files = true;
     return WinMain(nullptr, nullptr, nullptr, 0);
 }
@@ -66,38 +53,28 @@ std::vector<std::uint8_t> plain_map(std::uint8_t value) {
     return std::vector<std::uint8_t>(TRACK_MAP_BYTES, value);
 }
 
-void fill_cells(std::vector<std::uint8_t>& map, int left, int top, int width, int height,
-                std::uint8_t value) {
-    for (int y = top; y < top + height; ++y) {
-        std::fill_n(map.begin() + static_cast<std::ptrdiff_t>(y) * TRACK_WIDTH + left, width,
-                    value);
-    }
-}
-
 std::vector<std::uint8_t> archive_of(const std::vector<Image>& images) {
-    std::vector<std::uint8_t> bytes;
-    for (int number = 0; number < 1400; ++number) {
-        const auto image = std::find_if(images.begin(), images.end(), [number](const Image& each) {
-            return each.number == number;
-        });
+    std::vector<std::uint8_t> archive;
+    for (int number = 0; number < SPRITE_COUNT; ++number) {
+        const auto image = std::ranges::find(images, number, &Image::number);
         if (image == images.end()) {
-            bytes.insert(bytes.end(), 12, 0);
+            archive.insert(archive.end(), 12, 0);
             continue;
         }
-        append_integer(bytes, image->width);
-        append_integer(bytes, image->height);
-        append_integer(bytes, image->bytes_per_pixel);
-        bytes.insert(bytes.end(), image->bytes.begin(), image->bytes.end());
+        const std::int32_t header[] = {image->width, image->height, image->bytes_per_pixel};
+        const auto* header_bytes = reinterpret_cast<const std::uint8_t*>(header);
+        archive.insert(archive.end(), header_bytes, header_bytes + sizeof header);
+        archive.insert(archive.end(), image->bytes.begin(), image->bytes.end());
     }
-    return bytes;
+    return archive;
 }
 
-Image plain_image(int number, int side, Pixel colour) {
+Image plain_image(int number, int side, std::uint32_t colour) {
     Image image{number, side, side, 3, {}};
     for (int i = 0; i < side * side; ++i) {
-        image.bytes.push_back(static_cast<std::uint8_t>(colour.red));
-        image.bytes.push_back(static_cast<std::uint8_t>(colour.green));
-        image.bytes.push_back(static_cast<std::uint8_t>(colour.blue));
+        for (const unsigned shift : {16U, 8U, 0U}) {
+            image.bytes.push_back(static_cast<std::uint8_t>(colour >> shift));
+        }
     }
     return image;
 }

@@ -5,7 +5,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <string>
 #include <vector>
 
 namespace tarvik::test {
@@ -18,21 +17,15 @@ using FrameScript = std::function<void(int frame)>;
 /// press, release and post_message; after frame `frames` the window is asked to close.
 int run_program(int frames, const FrameScript& script = {});
 
+/// The last frame that the program has shown.
+extern Picture shown_picture;
+
 /// Posts a key's message; the game handles one message a frame.
 void press(int virtual_key);
 void release(int virtual_key);
 
-/// The frames shown since the program started, kept while `keep_pictures` is set; the last one
-/// always is.
-extern bool keep_pictures;
-extern std::vector<Picture> pictures;
-
 /// A map in memory: TRACK_MAP_BYTES cells of `value`.
 std::vector<std::uint8_t> plain_map(std::uint8_t value);
-
-/// Sets a rectangle of cells of a map.
-void fill_cells(std::vector<std::uint8_t>& map, int left, int top, int width, int height,
-                std::uint8_t value);
 
 /// An archive with an image for each given sprite number; all others are empty.
 struct Image {
@@ -45,7 +38,7 @@ struct Image {
 std::vector<std::uint8_t> archive_of(const std::vector<Image>& images);
 
 /// A square image of one colour.
-Image plain_image(int number, int side, Pixel colour);
+Image plain_image(int number, int side, std::uint32_t colour);
 
 /// Gives the game a data folder in memory: both maps and the archive.
 void install_data(std::vector<std::uint8_t> race1, std::vector<std::uint8_t> race2,

@@ -25,30 +25,22 @@ constexpr std::int64_t HALF_WIDTH = 70;
 constexpr double FRAMES_AHEAD = 30.0; // how far the driver looks
 constexpr double TOLERANCE = 2.0;     // cells off the middle line
 
-bool holding_up = false;
-int held_arrow = 0;
-int frames_to_next_shift = 0;
-double last_x = 0.0;
-double last_y = 0.0;
-
-/// Changes the arrow that is held, one message at a time.
-void hold_arrow(int wanted) {
-    if (wanted == held_arrow) {
-        return;
-    }
-    if (held_arrow != 0) {
-        release(held_arrow);
-        held_arrow = 0;
-    } else {
-        press(wanted);
-        held_arrow = wanted;
-    }
-}
+struct Driver {
+    bool holds_up = false;
+    int held_arrow = 0;
+    int frames_to_next_shift = 0;
+    double last_x = car_x[PLAYER_SLOT]; // where the car was a frame ago
+    double last_y = car_y[PLAYER_SLOT];
+};
+Driver driver;
 
 /// Which arrow turns the car towards where the ring's middle line will be, or none.
-int arrow_for(double from_centre_x, double from_centre_y, double way_x, double way_y) {
+int wanted_arrow(double x, double y) {
+    const double from_centre_x = x - RING_X;
+    const double from_centre_y = y - RING_Y;
     const double square = from_centre_x * from_centre_x + from_centre_y * from_centre_y;
-    const double outward = (way_x * from_centre_x + way_y * from_centre_y) / RING_RADIUS;
+    const double outward =
+        ((x - driver.last_x) * from_centre_x + (y - driver.last_y) * from_centre_y) / RING_RADIUS;
     // (r^2 - R^2) / 2R is close to r - R, without a square root.
     const double off = (square - RING_RADIUS * RING_RADIUS) / (2.0 * RING_RADIUS);
     const double off_soon = off + FRAMES_AHEAD * outward;
@@ -56,6 +48,20 @@ int arrow_for(double from_centre_x, double from_centre_y, double way_x, double w
         return VK_RIGHT;
     }
     return off_soon < -TOLERANCE ? VK_LEFT : 0;
+}
+
+/// Changes the arrow that is held, one message at a time.
+void hold_arrow(int wanted) {
+    if (wanted == driver.held_arrow) {
+        return;
+    }
+    if (driver.held_arrow != 0) {
+        release(driver.held_arrow);
+        driver.held_arrow = 0;
+    } else {
+        press(wanted);
+        driver.held_arrow = wanted;
+    }
 }
 
 /// The road on noisy grass.
@@ -79,13 +85,13 @@ std::vector<std::uint8_t> ring_map() {
 
 /// A marker with a picture on it and a pointer with holes.
 std::vector<std::uint8_t> pictures_archive() {
-    Image marker = plain_image(30, 16, {9, 30, 200});
-    Image pointer = plain_image(250, 12, {250, 250, 250});
+    Image marker = plain_image(30, 16, 0x091EC8);
+    Image pointer = plain_image(250, 12, 0xFAFAFA);
     for (std::size_t i = 0; i < marker.bytes.size(); i += 7) {
         marker.bytes[i] = static_cast<std::uint8_t>(i);
     }
-    for (std::size_t i = 0; i + 2 < pointer.bytes.size(); i += 15) {
-        pointer.bytes[i] = pointer.bytes[i + 1] = pointer.bytes[i + 2] = 0;
+    for (std::size_t i = 0; i < pointer.bytes.size(); i += 15) {
+        std::fill_n(pointer.bytes.begin() + static_cast<std::ptrdiff_t>(i), 3, std::uint8_t{0});
     }
     return archive_of({marker, pointer});
 }
@@ -94,10 +100,10 @@ std::vector<std::uint8_t> pictures_archive() {
 
 void install_ring_data() {
     std::vector<std::uint8_t> checks = ring_map();
-    for (std::size_t i = 0; i < checks.size() / 2; i += 3) {
+    checks.resize(checks.size() / 2); // the second half stays that of the first track
+    for (std::size_t i = 0; i < checks.size(); i += 3) {
         checks[i] = CELL_OFF_TRACK;
     }
-    checks.resize(checks.size() / 2); // the second half stays that of the first track
     install_data(ring_map(), std::move(checks), pictures_archive());
 }
 
@@ -106,44 +112,35 @@ void restart_on_ring(std::uint32_t seed) {
     while (PeekMessageA(&left_over, nullptr, 0, 0, PM_REMOVE) != 0) {
     }
     std::fill(std::begin(key_down), std::end(key_down), 0);
-    mouse_x = 0;
-    mouse_y = 0;
+    mouse_x = mouse_y = 0;
     difficulty = ADVANCED;
     race_number = 1;
     load_track_map(".\\data\\race1.map");
     reset_race();
-    view_x = 0;
-    view_y = 0;
+    view_x = view_y = 0;
     take_wheel();
     srand(seed);
 }
 
 void drive_ring(std::int32_t wanted_gear) {
-    const auto x = static_cast<double>(car_x[PLAYER_SLOT]);
-    const auto y = static_cast<double>(car_y[PLAYER_SLOT]);
-    const double way_x = x - last_x;
-    const double way_y = y - last_y;
-    last_x = x;
-    last_y = y;
-
-    if (gear[PLAYER_SLOT] < wanted_gear && --frames_to_next_shift <= 0) {
+    const double x = car_x[PLAYER_SLOT];
+    const double y = car_y[PLAYER_SLOT];
+    if (gear[PLAYER_SLOT] < wanted_gear && --driver.frames_to_next_shift <= 0) {
         press('A');
         release('A');
-        frames_to_next_shift = 90;
-    } else if (!holding_up) {
+        driver.frames_to_next_shift = 90;
+    } else if (!driver.holds_up) {
         press(VK_UP);
-        holding_up = true;
+        driver.holds_up = true;
     } else {
-        hold_arrow(arrow_for(x - RING_X, y - RING_Y, way_x, way_y));
+        hold_arrow(wanted_arrow(x, y));
     }
+    driver.last_x = x;
+    driver.last_y = y;
 }
 
 void take_wheel() {
-    holding_up = false;
-    held_arrow = 0;
-    frames_to_next_shift = 0;
-    last_x = static_cast<double>(car_x[PLAYER_SLOT]);
-    last_y = static_cast<double>(car_y[PLAYER_SLOT]);
+    driver = {};
 }
 
 } // namespace tarvik::test

@@ -6,6 +6,7 @@
 // error.
 #include "platform/common/keys.h"
 #include "race/race_state.h"
+#include "shell/screen.h"
 #include "tests/support/program.h"
 
 #include <cstdio>
@@ -36,13 +37,13 @@ std::vector<std::uint8_t> file_of(const std::string& name) {
 }
 
 void write_picture() {
-    const Picture& picture = pictures.back();
-    for (int y = 0; y < picture.height; ++y) {
-        for (int x = 0; x < picture.width; ++x) {
-            const Pixel pixel = picture.device(x, y);
-            for (const int value : {pixel.red, pixel.green, pixel.blue, 255}) {
-                std::putchar(value);
+    for (int y = 0; y < DEVICE_HEIGHT; ++y) {
+        for (int x = 0; x < DEVICE_WIDTH; ++x) {
+            const std::uint32_t pixel = shown_picture.at(x / 2, y / 2);
+            for (const unsigned shift : {16U, 8U, 0U}) {
+                std::putchar(static_cast<int>(pixel >> shift & 255U));
             }
+            std::putchar(255);
         }
     }
 }
