@@ -17,6 +17,7 @@ struct Message {
     WPARAM wparam;
     LPARAM lparam;
     DWORD time; ///< milliseconds since the layer's start
+    bool operator==(const Message&) const = default;
 };
 
 /// Bits of a key message's lparam.

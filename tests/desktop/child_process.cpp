@@ -2,12 +2,9 @@
 #include "tests/desktop/child_process.h"
 
 #include <csignal>
-#include <cstdlib>
-#include <initializer_list>
 #include <thread>
 
-#include <fcntl.h>
-#include <sys/prctl.h>
+#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -15,45 +12,31 @@ namespace tarvik {
 
 namespace {
 
-void redirect(int descriptor, const std::filesystem::path& file) {
-    const int target = open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
-    dup2(target, descriptor);
-    close(target);
-}
-
-[[noreturn]] void become(const std::vector<std::string>& command,
-                         const ChildProcess::Options& options) {
-    prctl(PR_SET_PDEATHSIG, SIGKILL); // leave nothing behind when the test itself is killed
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) {
-        std::signal(signal, SIG_DFL); // whatever the test itself was told to ignore
-    }
-    for (const auto& [name, value] : options.environment) {
-        if (value.empty()) {
-            unsetenv(name.c_str());
-        } else {
-            setenv(name.c_str(), value.c_str(), 1);
-        }
-    }
-    redirect(STDOUT_FILENO, options.output);
-    redirect(STDERR_FILENO, options.errors);
-    std::vector<char*> arguments;
-    for (const std::string& argument : command) {
-        arguments.push_back(const_cast<char*>(argument.c_str()));
-    }
-    arguments.push_back(nullptr);
-    if (chdir(options.folder.c_str()) == 0) {
-        execvp(arguments[0], arguments.data());
-    }
-    _exit(127);
-}
+// A shell that becomes the command. Nothing is left behind when the test itself is killed, and
+// signals that the test was told to ignore are not ignored.
+constexpr const char* BECOME = R"(exec >"$1" 2>"$2"; cd "$3" && shift 3 &&
+    exec setpriv --pdeathsig KILL env --default-signal "$@")";
 
 } // namespace
 
-ChildProcess::ChildProcess(const std::vector<std::string>& command, const Options& options)
-    : id_(fork()) {
-    if (id_ == 0) {
-        become(command, options);
+ChildProcess::ChildProcess(const std::vector<std::string>& command, const Options& options) {
+    std::vector<std::string> words = {"sh",           "-c",           BECOME,        "sh",
+                                      options.output, options.errors, options.folder};
+    for (const auto& [name, value] : options.environment) {
+        words.push_back("--unset=" + name);
     }
+    for (const auto& [name, value] : options.environment) {
+        if (!value.empty()) {
+            words.push_back(name + "=" + value);
+        }
+    }
+    words.insert(words.end(), command.begin(), command.end());
+    std::vector<char*> arguments;
+    for (std::string& word : words) {
+        arguments.push_back(word.data());
+    }
+    arguments.push_back(nullptr);
+    posix_spawnp(&id_, "sh", nullptr, nullptr, arguments.data(), environ);
 }
 
 ChildProcess::~ChildProcess() {

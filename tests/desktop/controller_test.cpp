@@ -1,9 +1,12 @@
 // The real game under the desktop layer, driven by a controller that SDL makes up.
 #include "tests/desktop/play_fixture.h"
 
+#include "game/start_up.h"
 #include "platform/desktop/display.h"
-#include "platform/driver.h"
+#include "platform/win32.h"
+#include "race/race_frame.h"
 #include "race/race_state.h"
+#include "race/track_grid.h"
 #include "shell/input.h"
 
 #include <SDL.h>
@@ -16,22 +19,19 @@ namespace tarvik {
 
 namespace {
 
-/// A step of the test: what is done, and what it has to cause within some frames. A step without a
-/// condition checks, after `STILL` frames, whether Up is down.
-struct Step {
-    const char* what;
-    void (*act)();
-    bool (*comes)();
-};
-
-constexpr int PATIENCE = 600;
-constexpr int STILL = 10;
-
-const Player* player = nullptr;
 int device = -1;
 SDL_Joystick* controller = nullptr;
 
-void plug_in() {
+/// Plays on until a condition holds; false when it does not for a long time.
+bool comes(bool (*condition)()) {
+    for (int frame = 0; frame < 600 && !condition(); ++frame) {
+        race_frame();
+    }
+    return condition();
+}
+
+/// And waits until the game listens to it.
+bool plug_in() {
     SDL_VirtualJoystickDesc description{};
     description.version = SDL_VIRTUAL_JOYSTICK_DESC_VERSION;
     description.type = SDL_JOYSTICK_TYPE_GAMECONTROLLER;
@@ -39,10 +39,14 @@ void plug_in() {
     description.nbuttons = SDL_CONTROLLER_BUTTON_MAX;
     device = SDL_JoystickAttachVirtualEx(&description);
     controller = SDL_JoystickOpen(device);
+    return comes([] {
+        return SDL_GameControllerFromInstanceID(SDL_JoystickInstanceID(controller)) != nullptr;
+    });
 }
 
-bool is_listened_to() {
-    return SDL_GameControllerFromInstanceID(SDL_JoystickInstanceID(controller)) != nullptr;
+void unplug() {
+    SDL_JoystickClose(controller);
+    SDL_JoystickDetachVirtual(device);
 }
 
 void press(SDL_GameControllerButton button) {
@@ -54,58 +58,12 @@ void pull_trigger(bool down) {
                                down ? SDL_JOYSTICK_AXIS_MAX : SDL_JOYSTICK_AXIS_MIN);
 }
 
-constexpr Step STEPS[] = {
-    {"plugged in while the game runs", plug_in, is_listened_to},
-    {"the shoulder shifts", [] { press(SDL_CONTROLLER_BUTTON_RIGHTSHOULDER); },
-     [] { return gear[PLAYER_SLOT] == 1; }},
-    {"the trigger drives", [] { pull_trigger(true); }, [] { return speed[PLAYER_SLOT] > 0.15F; }},
-    {"the stick steers",
-     [] { SDL_JoystickSetVirtualAxis(controller, SDL_CONTROLLER_AXIS_LEFTX, -32768); },
-     [] { return is_down(VK_LEFT) && heading[PLAYER_SLOT] != 0; }},
-    {"the keyboard holds Up too", [] { player->press(XK_Up); },
-     [] { return GetAsyncKeyState(VK_UP) < 0; }},
-    {"the keyboard lets go of it", [] { player->release(XK_Up); }, nullptr},
-    {"both again", [] { player->press(XK_Up); }, nullptr},
-    {"the trigger lets go of it", [] { pull_trigger(false); }, nullptr},
-    {"the trigger alone",
-     [] {
-         pull_trigger(true);
-         player->release(XK_Up);
-     },
-     nullptr},
-    {"unplugged, it holds nothing",
-     [] {
-         SDL_JoystickClose(controller);
-         SDL_JoystickDetachVirtual(device);
-     },
-     [] { return !is_down(VK_UP) && !is_down(VK_LEFT); }},
-    {"plugged in again", plug_in, is_listened_to},
-    {"Start ends the race", [] { press(SDL_CONTROLLER_BUTTON_START); },
-     [] { return quit_requested == 1; }},
-};
-
-const Step* step = STEPS;
-int frames_in_step = 0;
-
-void play_on() {
-    if (frames_in_step > 0 && (step->comes != nullptr ? step->comes() : frames_in_step == STILL)) {
-        if (step->comes == nullptr) {
-            EXPECT_TRUE(is_down(VK_UP)) << step->what;
-        }
-        EXPECT_LE(gear[PLAYER_SLOT], 1) << "a held shoulder does not repeat";
-        ++step;
-        frames_in_step = 0;
+bool up_stays_down() {
+    for (int frame = 0; frame < 10; ++frame) {
+        race_frame();
     }
-    if (step == std::end(STEPS) || frames_in_step > PATIENCE) {
-        quit_requested = 1;
-        return;
-    }
-    if (frames_in_step++ == 0) {
-        step->act();
-    }
+    return is_down(VK_UP);
 }
-
-using Play = PlayTest;
 
 } // namespace
 
@@ -113,14 +71,35 @@ TEST_F(Play, AControllerDrivesWheneverItIsPluggedIn) {
     setenv("DISPLAY", server_.display().c_str(), 1);
     unsetenv("WAYLAND_DISPLAY");
     ASSERT_EQ(chdir(folder_.c_str()), 0);
-    player = &player_;
     open_display_or_exit();
-    set_frame_hook(play_on);
-    char no_command_line[] = "";
-    EXPECT_EQ(WinMain(GetModuleHandleA(nullptr), nullptr, no_command_line, SW_SHOW), 0);
-    // No later frame could check the frame that ends the race.
-    EXPECT_EQ(step, std::end(STEPS) - 1) << step->what;
-    EXPECT_TRUE(frames_in_step <= PATIENCE && GetAsyncKeyState(VK_ESCAPE) < 0);
+    start_up();
+    load_track_map(".\\data\\race1.map");
+    race_frame();
+    ASSERT_TRUE(plug_in());
+    press(SDL_CONTROLLER_BUTTON_RIGHTSHOULDER);
+    EXPECT_TRUE(comes([] { return gear[PLAYER_SLOT] == 1; }));
+    pull_trigger(true);
+    EXPECT_TRUE(comes([] { return speed[PLAYER_SLOT] > 0.15F; }));
+    SDL_JoystickSetVirtualAxis(controller, SDL_CONTROLLER_AXIS_LEFTX, SDL_JOYSTICK_AXIS_MIN);
+    EXPECT_TRUE(comes([] { return is_down(VK_LEFT) && heading[PLAYER_SLOT] != 0; }));
+
+    player_.tap(XK_Up);
+    EXPECT_TRUE(up_stays_down()) << "the keyboard lets go of it";
+    player_.press(XK_Up);
+    EXPECT_TRUE(up_stays_down());
+    pull_trigger(false);
+    EXPECT_TRUE(up_stays_down()) << "the trigger lets go of it";
+    pull_trigger(true);
+    player_.release(XK_Up);
+    EXPECT_TRUE(up_stays_down()) << "the trigger alone";
+    EXPECT_EQ(gear[PLAYER_SLOT], 1) << "a held shoulder does not repeat";
+
+    unplug();
+    EXPECT_TRUE(comes([] { return !is_down(VK_UP) && !is_down(VK_LEFT); }));
+    EXPECT_TRUE(plug_in());
+    press(SDL_CONTROLLER_BUTTON_START);
+    EXPECT_TRUE(comes([] { return quit_requested == 1; }));
+    shut_down();
     close_display();
 }
 

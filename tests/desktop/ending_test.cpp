@@ -19,11 +19,6 @@ class Ending : public PlayTest {
         EXPECT_EQ(game_->wait(), 1);
         EXPECT_EQ(read(folder_ / "errors"), words);
     }
-
-    void start_from_shell(const std::string& script) {
-        start_game(server_.display(), {"sh", "-c", script});
-        ASSERT_TRUE(player_.finds_game_with(MARKER_COLOUR, MARKER_AT_START.x, MARKER_AT_START.y));
-    }
 };
 
 } // namespace
@@ -68,7 +63,7 @@ TEST_F(Ending, ASignalOrTheCloseButtonEndsItCleanlyEvenDuringAWait) {
 }
 
 TEST_F(Ending, SignalsThatWereIgnoredBeforeStayIgnored) {
-    start_from_shell("trap '' HUP INT; exec '" TARVIK_PROGRAM "'");
+    start_race({"sh", "-c", "trap '' HUP INT; exec '" TARVIK_PROGRAM "'"});
     game_->send(SIGHUP);
     game_->send(SIGINT);
     const Pixels advanced = player_.look_at(DIFFICULTY);
@@ -76,41 +71,28 @@ TEST_F(Ending, SignalsThatWereIgnoredBeforeStayIgnored) {
     EXPECT_TRUE(player_.sees_change(DIFFICULTY, advanced));
     player_.tap(XK_3); // the black frame of the end is a change too, but never this one
     EXPECT_TRUE(player_.sees(DIFFICULTY, advanced));
-    game_->send(SIGTERM);
-    EXPECT_EQ(game_->wait(), 0);
-}
-
-TEST_F(Ending, AHaltIsNotMadeUpFor) {
-    start_race();
-    player_.watch_pictures();
-    game_->send(SIGSTOP);
-    std::this_thread::sleep_for(1s);
-    game_->send(SIGCONT);
-    EXPECT_LT(pictures_in_a_second(player_), 90);
 }
 
 // Neither the display's connection nor a map may take the number of a closed stream.
 TEST_F(Ending, ClosedStandardStreamsGoToDevNull) {
-    start_from_shell("exec '" TARVIK_PROGRAM "' <&- >&- 2>&-");
+    start_race({"sh", "-c", "exec '" TARVIK_PROGRAM "' <&- >&- 2>&-"});
     for (const char* stream : {"0", "1", "2"}) {
         const fs::path link = fs::path("/proc") / std::to_string(game_->id()) / "fd" / stream;
         EXPECT_EQ(fs::read_symlink(link), "/dev/null") << stream;
     }
-    leave();
 }
 
 TEST_F(Ending, WithoutADisplayOneLineSaysSoIfSomebodyReadsIt) {
     expected_exit_code_ = 1;
-    const Command unread = {"sh", "-c",
-                            "mkfifo end; : <end & exec 2>end; wait; exec '" TARVIK_PROGRAM "'"};
+    start_game(":98765",
+               {"sh", "-c", "mkfifo end; : <end & exec 2>end; wait; exec '" TARVIK_PROGRAM "'"});
+    EXPECT_EQ(game_->wait(), 1);
     for (const char* display : {"", ":98765"}) {
         start_game(display);
         EXPECT_EQ(game_->wait(), 1);
         const std::string words = read(folder_ / "errors");
         EXPECT_EQ(words.find('\n'), words.size() - 1) << words;
     }
-    start_game(":98765", unread);
-    EXPECT_EQ(game_->wait(), 1);
 }
 
 } // namespace tarvik

@@ -3,107 +3,116 @@
 
 #include <X11/Xatom.h>
 
+#include <algorithm>
+
 namespace tarvik {
 
 namespace {
 
-using Enlargement = PlayTest;
+constexpr Area WINDOW = {0, 0, 640, 480};
 
-constexpr int SMALL_WIDTH = 640;
-constexpr int SMALL_HEIGHT = 480;
+/// A frame as a window of another size shows it: each logical pixel is one block of the largest
+/// size that fits, in the middle of black; a window too small shows the frame's middle.
+Pixels fitted(const Pixels& frame, int width, int height) {
+    const int factor = std::max(1, std::min(width / 320, height / 240));
+    const int left = (width - 320 * factor) / 2;
+    const int top = (height - 240 * factor) / 2;
+    Pixels pixels;
+    for (int y = -top; y < height - top; ++y) {
+        for (int x = -left; x < width - left; ++x) {
+            const bool is_inside = x >= 0 && y >= 0 && x < 320 * factor && y < 240 * factor;
+            const int at = 2 * (y / factor) * WINDOW.width + 2 * (x / factor);
+            pixels.push_back(is_inside ? frame[static_cast<std::size_t>(at)] : 0);
+        }
+    }
+    return pixels;
+}
 
 struct Screen {
     int width;
     int height;
-    int factor; // device pixels for each of the 320 by 240 logical ones
+    int factor; ///< device pixels for each of the 320 by 240 logical ones
+
+    std::string size() const {
+        return std::to_string(width) + "x" + std::to_string(height) + "x24";
+    }
+};
+
+class FullScreen : public PlayTest, public testing::WithParamInterface<Screen> {
+  protected:
+    FullScreen() : PlayTest({"-screen", "0", GetParam().size()}) {}
+};
+
+using Enlargement = PlayTest;
+
+class DenseDesktop : public PlayTest {
+  protected:
+    DenseDesktop() : PlayTest({"-screen", "0", "1920x1080x24"}) {}
 };
 
 } // namespace
 
-TEST_F(Enlargement, FullScreenUsesWholeBlocksAndLeavingItRestoresTheWindow) {
-    for (const Screen& screen : {Screen{1280, 720, 3}, Screen{1366, 768, 3}, Screen{1920, 1080, 4},
-                                 Screen{3840, 2160, 9}}) {
-        SCOPED_TRACE(screen.width);
-        const auto [width, height, factor] = screen;
-        const XServer server(
-            {"-screen", "0", std::to_string(width) + "x" + std::to_string(height) + "x24"});
-        Player player(server.display());
-        start_game(server.display());
-        ASSERT_TRUE(player.finds_game_with(MARKER_COLOUR, MARKER_AT_START.x, MARKER_AT_START.y));
-        const Pixels small = player.logical_pixels(SMALL_WIDTH, SMALL_HEIGHT);
-        const Area windowed = {(width - SMALL_WIDTH) / 2, (height - SMALL_HEIGHT) / 2, SMALL_WIDTH,
-                               SMALL_HEIGHT};
-        EXPECT_EQ(player.place(), windowed);
+TEST_P(FullScreen, UsesWholeBlocksAndLeavingItRestoresTheWindow) {
+    const auto [width, height, factor] = GetParam();
+    start_race();
+    const Pixels frame = player_.look_at(WINDOW);
+    ASSERT_EQ(frame, fitted(frame, WINDOW.width, WINDOW.height));
+    const Area windowed = {(width - WINDOW.width) / 2, (height - WINDOW.height) / 2, WINDOW.width,
+                           WINDOW.height};
+    EXPECT_EQ(player_.place(), windowed);
 
-        player.tap(XK_F11);
-        EXPECT_TRUE(player.waits_until(
-            [&] { return player.logical_pixels(screen.width, screen.height) == small; }));
-        EXPECT_EQ(player.place(), (Area{0, 0, width, height}));
+    player_.tap(XK_F11);
+    EXPECT_TRUE(player_.sees({0, 0, width, height}, fitted(frame, width, height)));
+    EXPECT_EQ(player_.place(), (Area{0, 0, width, height}));
 
-        // The pointer is at twice the mouse's distance from the picture's corner.
-        const int left = (width - 320 * factor) / 2;
-        const int top = (height - 240 * factor) / 2;
-        const Area pointer = {left + 200 * factor, top + 140 * factor, 1, 1};
-        const Area before_pointer = {pointer.x - 1, pointer.y, 1, 1};
-        const auto pointer_is_there = [&] {
-            return player.look_at(pointer) == Pixels{POINTER_COLOUR} &&
-                   player.look_at(before_pointer) != Pixels{POINTER_COLOUR};
-        };
-        player.move_mouse_to(left + 100 * factor, top + 70 * factor);
-        EXPECT_TRUE(player.waits_until(pointer_is_there));
-        player.move_mouse_to(0, 100); // beside the picture
+    // The pointer is at twice the mouse's distance from the picture's corner.
+    const int left = (width - 320 * factor) / 2;
+    const int top = (height - 240 * factor) / 2;
+    player_.move_mouse_to(left + 100 * factor, top + 70 * factor);
+    const Area pointer = {left + 200 * factor - 1, top + 140 * factor, 2, 1};
+    EXPECT_TRUE(player_.sees(pointer, {ROAD_COLOUR, POINTER_COLOUR}));
+    player_.move_mouse_to(0, 100); // beside the picture
 
-        player.press(XK_Alt_L);
-        player.press(XK_Return);
-        player.release(XK_Alt_L);
-        player.release(XK_Return);
-        EXPECT_TRUE(player.waits_until([&] { return player.place() == windowed; }));
-        EXPECT_TRUE(player.sees({400, 280, 1, 1}, {POINTER_COLOUR}))
-            << "the move beside the picture came before";
-        const Pixels difficulty = player.look_at(DIFFICULTY);
-        player.tap(XK_1); // Alt is not stuck
-        EXPECT_TRUE(player.sees_change(DIFFICULTY, difficulty));
-        game_.reset(); // its display is going away
-    }
+    player_.press(XK_Alt_L);
+    player_.press(XK_Return);
+    player_.release(XK_Alt_L);
+    player_.release(XK_Return);
+    EXPECT_TRUE(player_.waits_until([&] { return player_.place() == windowed; }));
+    EXPECT_TRUE(player_.sees({400, 280, 1, 1}, {POINTER_COLOUR}))
+        << "the move beside the picture came before";
+    const Pixels difficulty = player_.look_at(DIFFICULTY);
+    player_.tap(XK_1); // Alt is not stuck
+    EXPECT_TRUE(player_.sees_change(DIFFICULTY, difficulty));
 }
+
+INSTANTIATE_TEST_SUITE_P(Desktop, FullScreen,
+                         testing::Values(Screen{1280, 720, 3}, Screen{1366, 768, 3},
+                                         Screen{1920, 1080, 4}, Screen{3840, 2160, 9}),
+                         [](const auto& each) { return each.param.size(); });
 
 // As a tiling window manager does, and on to a window that is smaller than the picture.
 TEST_F(Enlargement, ThePictureFitsAWindowOfAnySize) {
     start_race();
     player_.move_mouse_to(1000, 600); // so that no pointer is in the picture
-    const Pixels small = player_.logical_pixels(SMALL_WIDTH, SMALL_HEIGHT);
-    ASSERT_FALSE(small.empty());
-    const std::pair<int, int> tiles[] = {{1001, 733}, {639, 700}};
-    for (const auto& [width, height] : tiles) {
-        XMoveResizeWindow(player_.display(), player_.window(), 0, 0, static_cast<unsigned>(width),
-                          static_cast<unsigned>(height));
-        EXPECT_TRUE(player_.waits_until([&, w = width, h = height] {
-            return player_.logical_pixels(w, h) == small;
-        })) << width;
+    const Pixels frame = player_.look_at(WINDOW);
+    for (const Area& tile : {Area{0, 0, 1001, 733}, Area{0, 0, 639, 700}, Area{0, 0, 200, 150}}) {
+        XMoveResizeWindow(player_.display(), player_.window(), tile.x, tile.y,
+                          static_cast<unsigned>(tile.width), static_cast<unsigned>(tile.height));
+        EXPECT_TRUE(player_.sees(tile, fitted(frame, tile.width, tile.height))) << tile.width;
     }
-    XResizeWindow(player_.display(), player_.window(), 200, 150);
-    Pixels middle;
-    for (int y = 45; y < 195; ++y) {
-        const auto row = small.begin() + y * 320 + 60;
-        middle.insert(middle.end(), row, row + 200);
-    }
-    EXPECT_TRUE(player_.sees({0, 0, 200, 150}, middle));
 }
 
-TEST_F(Enlargement, TheWindowOpensLargerOnADenseDesktop) {
-    const XServer dense({"-screen", "0", "1920x1080x24"});
-    Player player(dense.display());
+TEST_F(DenseDesktop, TheWindowOpensLarger) {
     const std::string resources = "Xft.dpi:\t192\n";
-    XChangeProperty(player.display(), DefaultRootWindow(player.display()), XA_RESOURCE_MANAGER,
+    XChangeProperty(player_.display(), DefaultRootWindow(player_.display()), XA_RESOURCE_MANAGER,
                     XA_STRING, 8, PropModeReplace,
                     reinterpret_cast<const unsigned char*>(resources.data()),
                     static_cast<int>(resources.size()));
-    XSync(player.display(), False);
-    start_game(dense.display());
+    XSync(player_.display(), False);
+    start_game(server_.display());
     ASSERT_TRUE(
-        player.finds_game_with(MARKER_COLOUR, 2 * MARKER_AT_START.x, 2 * MARKER_AT_START.y));
-    EXPECT_EQ(player.place(), (Area{320, 60, 1280, 960}));
-    game_.reset();
+        player_.finds_game_with(MARKER_COLOUR, 2 * MARKER_AT_START.x, 2 * MARKER_AT_START.y));
+    EXPECT_EQ(player_.place(), (Area{320, 60, 1280, 960}));
 }
 
 } // namespace tarvik

@@ -27,7 +27,3 @@ TEST(Pacing, AHaltIsNotMadeUpFor) {
     EXPECT_EQ(due, after_halt);
     EXPECT_EQ(next_due(due, after_halt + 1ms), after_halt + PICTURE_TIME);
 }
-
-TEST(Pacing, TheFirstFrameStartsThePace) {
-    EXPECT_EQ(next_due(PictureClock::time_point{}, START), START);
-}

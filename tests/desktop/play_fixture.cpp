@@ -1,9 +1,11 @@
 // Setting the real program up: its data, its display, its start.
 #include "tests/desktop/play_fixture.h"
 
+#include <csignal>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
+#include <thread>
 
 namespace tarvik {
 
@@ -38,14 +40,10 @@ void write_graphics(const std::filesystem::path& path) {
 } // namespace
 
 double pictures_in_a_second(Player& player) {
-    player.wait_for_picture();
     const int first = player.count_pictures();
     const auto start = std::chrono::steady_clock::now();
-    std::chrono::duration<double> passed{};
-    while (passed.count() < 1) {
-        player.wait_for_picture();
-        passed = std::chrono::steady_clock::now() - start;
-    }
+    std::this_thread::sleep_for(std::chrono::seconds(1));
+    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
     return (player.count_pictures() - first) / passed.count();
 }
 
@@ -57,28 +55,20 @@ void make_data(const std::filesystem::path& folder) {
     write_graphics(folder / "data" / "graphics.dat");
 }
 
-void PlayTest::SetUp() {
-    folder_ = make_folder("play");
+PlayTest::PlayTest(const std::vector<std::string>& server_arguments) : server_(server_arguments) {
     make_data(folder_);
 }
 
 void PlayTest::TearDown() {
-    if (game_ && !game_->is_running()) {
+    if (game_) {
+        game_->send(SIGTERM);
         EXPECT_EQ(game_->wait(), expected_exit_code_);
-    }
-    if (game_ && expected_exit_code_ == 0) {
-        EXPECT_EQ(read(folder_ / "errors"), "");
+        const std::string words = read(folder_ / "errors");
+        EXPECT_EQ(words.empty(), expected_exit_code_ == 0) << words;
     }
     game_.reset();
     std::error_code ignored;
     std::filesystem::remove_all(folder_, ignored);
-}
-
-void PlayTest::start_race() {
-    start_game(server_.display());
-    if (!player_.finds_game_with(MARKER_COLOUR, MARKER_AT_START.x, MARKER_AT_START.y)) {
-        throw std::runtime_error("the race does not start: " + read(folder_ / "errors"));
-    }
 }
 
 void PlayTest::start_game(const std::string& display, const Command& command,
@@ -87,16 +77,17 @@ void PlayTest::start_game(const std::string& display, const Command& command,
     Environment environment = {
         {"DISPLAY", display}, {"WAYLAND_DISPLAY", ""}, {"ASAN_OPTIONS", "detect_leaks=0"}};
     environment.insert(further_environment.begin(), further_environment.end());
-    game_.emplace(command.empty() ? Command{TARVIK_PROGRAM} : command,
-                  ChildProcess::Options{
-                      .folder = folder_, .environment = environment, .errors = folder_ / "errors"});
+    game_ = std::make_unique<ChildProcess>(command.empty() ? Command{TARVIK_PROGRAM} : command,
+                                           ChildProcess::Options{.folder = folder_,
+                                                                 .environment = environment,
+                                                                 .errors = folder_ / "errors"});
 }
 
-void PlayTest::leave() {
-    player_.press(XK_Escape);
-    EXPECT_EQ(game_->wait(), 0);
-    player_.release(XK_Escape);
-    EXPECT_EQ(read(folder_ / "errors"), "");
+void PlayTest::start_race(const Command& command, const Environment& further_environment) {
+    start_game(server_.display(), command, further_environment);
+    if (!player_.finds_game_with(MARKER_COLOUR, MARKER_AT_START.x, MARKER_AT_START.y)) {
+        throw std::runtime_error("the race does not start: " + read(folder_ / "errors"));
+    }
 }
 
 std::string PlayTest::read(const std::filesystem::path& path) {

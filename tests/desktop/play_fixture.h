@@ -9,7 +9,7 @@
 
 #include <filesystem>
 #include <map>
-#include <optional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -37,13 +37,9 @@ void make_data(const std::filesystem::path& folder);
 
 class PlayTest : public testing::Test {
   protected:
-    void SetUp() override;
-    /// A game that has ended by then must have ended normally and silently.
+    explicit PlayTest(const std::vector<std::string>& server_arguments = {});
+    /// Ends the game, if nothing else has: normally and silently.
     void TearDown() override;
-
-    /// Starts the game and waits until the car is at the start, or throws. The very first frame
-    /// still shows another part of the track.
-    void start_race();
 
     using Command = std::vector<std::string>;
     using Environment = std::map<std::string, std::string>;
@@ -52,16 +48,19 @@ class PlayTest : public testing::Test {
     void start_game(const std::string& display, const Command& command = {},
                     const Environment& further_environment = {});
 
-    /// Holds Escape until the game has ended, normally and silently.
-    void leave();
+    /// Does so and waits until the car is at the start, or throws. The very first frame still shows
+    /// another part of the track.
+    void start_race(const Command& command = {}, const Environment& further_environment = {});
 
     static std::string read(const std::filesystem::path& path);
 
     XServer server_;
     Player player_{server_.display()};
-    std::filesystem::path folder_;
-    std::optional<ChildProcess> game_;
+    std::filesystem::path folder_ = make_folder("play");
+    std::unique_ptr<ChildProcess> game_;
     int expected_exit_code_ = 0; ///< other than 0: with words on standard error
 };
+
+using Play = PlayTest;
 
 } // namespace tarvik

@@ -1,7 +1,6 @@
 // Requests to the X server, and what it tells about the window.
 #include "tests/desktop/player.h"
 
-#include <algorithm>
 #include <cstring>
 #include <stdexcept>
 #include <thread>
@@ -9,9 +8,14 @@
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 #include <X11/extensions/Xdamage.h>
-#include <poll.h>
 
 namespace tarvik {
+
+namespace {
+
+constexpr const char* TITLE = "Quillaby - Tarvik V0.1";
+
+} // namespace
 
 Player::Player(const std::string& display) : display_(XOpenDisplay(display.c_str())) {
     if (display_ == nullptr) {
@@ -29,7 +33,7 @@ Player::~Player() {
     XCloseDisplay(display_);
 }
 
-void Player::find_window(const char* title) {
+void Player::find_window() {
     Window root = None;
     Window parent = None;
     Window* children = nullptr;
@@ -38,7 +42,7 @@ void Player::find_window(const char* title) {
     for (unsigned int i = 0; i < count; ++i) {
         char* name = nullptr;
         XFetchName(display_, children[i], &name);
-        if (std::strcmp(name != nullptr ? name : "", title) == 0) {
+        if (std::strcmp(name != nullptr ? name : "", TITLE) == 0) {
             window_ = children[i];
         }
         XFree(name);
@@ -46,16 +50,12 @@ void Player::find_window(const char* title) {
     XFree(children);
 }
 
-bool Player::finds_window_with(const char* title, unsigned long colour, int x, int y) {
+bool Player::finds_game_with(unsigned long colour, int x, int y) {
     return waits_until([&] {
         read_events();
-        find_window(title);
+        find_window();
         return window_ != None && look_at({x, y, 1, 1}) == Pixels{colour};
     });
-}
-
-bool Player::finds_game_with(unsigned long colour, int x, int y) {
-    return finds_window_with("Quillaby - Tarvik V0.1", colour, x, y);
 }
 
 int Player::count_shown_windows() {
@@ -87,30 +87,6 @@ Pixels Player::look_at(const Area& area) const {
     return pixels;
 }
 
-Pixels Player::logical_pixels(int width, int height) const {
-    const Pixels pixels = look_at({0, 0, width, height});
-    const int factor = std::max(1, std::min(width / 320, height / 240));
-    const int left = (width - 320 * factor) / 2;
-    const int top = (height - 240 * factor) / 2;
-    Pixels logical;
-    for (int at = 0; at < static_cast<int>(pixels.size()); ++at) {
-        const int x = at % width - left;
-        const int y = at / width - top;
-        unsigned long expected = 0;
-        if (x >= 0 && x < 320 * factor && y >= 0 && y < 240 * factor) {
-            const int first = (top + y - y % factor) * width + left + x - x % factor;
-            expected = pixels[static_cast<std::size_t>(first)];
-            if (first == at) {
-                logical.push_back(expected);
-            }
-        }
-        if (pixels[static_cast<std::size_t>(at)] != expected) {
-            return {};
-        }
-    }
-    return logical;
-}
-
 bool Player::waits_until(const std::function<bool()>& condition) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
     while (!condition()) {
@@ -134,26 +110,22 @@ bool Player::sees_change(const Area& area, const Pixels& before) const {
     });
 }
 
-void Player::send_key(unsigned int code, Bool down) const {
-    XTestFakeKeyEvent(display_, code, down, CurrentTime);
+void Player::send_key(KeySym key, Bool down) const {
+    XTestFakeKeyEvent(display_, XKeysymToKeycode(display_, key), down, CurrentTime);
     XSync(display_, False);
 }
 
 void Player::press(KeySym key) const {
-    send_key(XKeysymToKeycode(display_, key), True);
+    send_key(key, True);
 }
 
 void Player::release(KeySym key) const {
-    send_key(XKeysymToKeycode(display_, key), False);
+    send_key(key, False);
 }
 
 void Player::tap(KeySym key) const {
-    tap_code(XKeysymToKeycode(display_, key));
-}
-
-void Player::tap_code(unsigned int code) const {
-    send_key(code, True);
-    send_key(code, False);
+    press(key);
+    release(key);
 }
 
 void Player::move_mouse_to(int x, int y) const {
@@ -162,14 +134,17 @@ void Player::move_mouse_to(int x, int y) const {
     XSync(display_, False);
 }
 
-void Player::turn_away() const {
-    XSetInputFocus(display_, None, RevertToNone, CurrentTime);
+void Player::focus(Window window) const {
+    XSetInputFocus(display_, window, RevertToPointerRoot, CurrentTime);
     XSync(display_, False);
 }
 
+void Player::turn_away() const {
+    focus(None);
+}
+
 void Player::turn_to_game() const {
-    XSetInputFocus(display_, window_, RevertToPointerRoot, CurrentTime);
-    XSync(display_, False);
+    focus(window_);
 }
 
 void Player::ask_to_close() const {
@@ -193,16 +168,6 @@ void Player::watch_pictures() {
 int Player::count_pictures() {
     read_events();
     return pictures_;
-}
-
-void Player::wait_for_picture() {
-    const int before = count_pictures();
-    while (count_pictures() == before) {
-        pollfd incoming = {ConnectionNumber(display_), POLLIN, 0};
-        if (poll(&incoming, 1, 5000) == 0) {
-            return;
-        }
-    }
 }
 
 void Player::read_events() {

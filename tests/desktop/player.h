@@ -32,9 +32,6 @@ class Player {
     /// Waits for the game's window and for a frame in it that has a certain colour at a place.
     bool finds_game_with(unsigned long colour, int x, int y);
 
-    /// The same for the window of any other program.
-    bool finds_window_with(const char* title, unsigned long colour, int x, int y);
-
     /// Number of windows that have been shown since this player came.
     int count_shown_windows();
 
@@ -51,10 +48,6 @@ class Player {
 
     Pixels look_at(const Area& area) const;
 
-    /// The game's 320 by 240 logical pixels in a window of this size, if each is one block of the
-    /// largest size that fits, in the middle of black. Otherwise none.
-    Pixels logical_pixels(int width, int height) const;
-
     /// Waits until a condition holds. False when it does not within a minute.
     static bool waits_until(const std::function<bool()>& condition);
 
@@ -65,7 +58,6 @@ class Player {
     void press(KeySym key) const;
     void release(KeySym key) const;
     void tap(KeySym key) const;
-    void tap_code(unsigned int code) const;
     void move_mouse_to(int x, int y) const;
 
     /// Takes the keyboard away from every window.
@@ -79,9 +71,6 @@ class Player {
     void watch_pictures();
     int count_pictures();
 
-    /// Waits for the next frame.
-    void wait_for_picture();
-
   private:
     Display* display_;
     Window window_ = None;
@@ -90,8 +79,9 @@ class Player {
     int damage_event_ = 0;
 
     void read_events();
-    void send_key(unsigned int code, Bool down) const;
-    void find_window(const char* title);
+    void find_window();
+    void send_key(KeySym key, Bool down) const;
+    void focus(Window window) const;
 };
 
 } // namespace tarvik

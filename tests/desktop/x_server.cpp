@@ -32,7 +32,7 @@ XServer::XServer(const std::vector<std::string>& further_arguments)
 
 XServer::~XServer() {
     // An idle server can miss a signal until the next one wakes it.
-    for (int attempt = 0; attempt < 50 && server_->is_running(); ++attempt) {
+    while (server_->is_running()) {
         server_->send(SIGTERM);
         server_->wait(std::chrono::milliseconds(100));
     }
