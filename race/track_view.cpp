@@ -7,49 +7,50 @@
 #include "render/frame_buffer.h"
 #include "render/text.h"
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
 #include <cstdio>
 
 namespace tarvik {
 
 namespace {
 
-constexpr std::int32_t BLOCK = 4; // cells of a row looked at together
-static_assert(LOGICAL_WIDTH % BLOCK == 0);
+/// A row of the frame buffer that is all one colour.
+using Row = std::array<std::uint8_t, ROW_BYTES>;
 
-/// Whether the next BLOCK cells are all alike, as they are nearly everywhere in the view.
-bool are_alike(const std::uint8_t* cell) {
-    return cell[0] == cell[1] && cell[0] == cell[2] && cell[0] == cell[3];
+constexpr Row row_of(std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
+    Row row = {};
+    for (std::size_t n = 0; n < row.size(); n += PIXEL_BYTES) {
+        row[n] = red;
+        row[n + 1] = green;
+        row[n + 2] = blue;
+    }
+    return row;
 }
 
-/// Unrolled, and for one colour, so that each line compiles to four plain stores.
-template <int RED, int GREEN, int BLUE>
-void plot_block(std::int32_t i, std::int32_t j) {
-    plot(i, j, RED, GREEN, BLUE);
-    plot(i + 1, j, RED, GREEN, BLUE);
-    plot(i + 2, j, RED, GREEN, BLUE);
-    plot(i + 3, j, RED, GREEN, BLUE);
-}
+constexpr Row OFF_TRACK_ROW = row_of(0, 200, 0);
+constexpr Row ROAD_ROW = row_of(60, 60, 60);
 
-void plot_cell(std::int32_t i, std::int32_t j, std::uint8_t cell) {
-    const bool road = cell != CELL_OFF_TRACK;
-    plot(i, j, road ? 60 : 0, road ? 60 : 200, road ? 60 : 0);
-}
-
+/// Copies runs of like cells, and each row to its twin, instead of plotting cell by cell: the track
+/// is nearly all of what a frame stores, and all of the view lies inside the frame buffer.
 void draw_track() {
     for (std::int32_t j = 0; j < LOGICAL_HEIGHT; ++j) {
         const std::uint8_t* cell =
             track_grid + static_cast<std::ptrdiff_t>(j + view_y) * TRACK_WIDTH + view_x;
-        for (std::int32_t i = 0; i < LOGICAL_WIDTH; i += BLOCK, cell += BLOCK) {
-            if (!are_alike(cell)) {
-                for (std::int32_t n = 0; n < BLOCK; ++n) {
-                    plot_cell(i + n, j, cell[n]);
-                }
-            } else if (*cell == CELL_OFF_TRACK) {
-                plot_block<0, 200, 0>(i, j);
-            } else {
-                plot_block<60, 60, 60>(i, j);
-            }
+        const std::uint8_t* row_end = cell + LOGICAL_WIDTH;
+        std::uint8_t* upper = pixel_at(0, 2 * j);
+        for (std::uint8_t* pixels = upper; cell < row_end;) {
+            const bool off_track = *cell == CELL_OFF_TRACK;
+            const std::uint8_t* run_end = std::find_if(cell, row_end, [off_track](std::uint8_t c) {
+                return (c == CELL_OFF_TRACK) != off_track;
+            });
+            const std::ptrdiff_t bytes = (run_end - cell) * 2 * PIXEL_BYTES;
+            pixels = std::copy_n((off_track ? OFF_TRACK_ROW : ROAD_ROW).data(), bytes, pixels);
+            cell = run_end;
         }
+        std::copy_n(upper, ROW_BYTES, pixel_at(0, 2 * j + 1));
     }
 }
 

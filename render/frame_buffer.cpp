@@ -5,7 +5,7 @@
 
 namespace tarvik {
 
-std::uint8_t* __restrict frame_buffer = nullptr;
+std::uint8_t* frame_buffer = nullptr;
 
 void create_frame_buffer() {
     frame_buffer = allocate_buffer<std::uint8_t>(frame_bytes(), "frame buffer");

@@ -1,15 +1,10 @@
 // The frame in memory, and the two operations that store pixels in it.
-//
-// Both operations are defined here so that the compiler can inline them: a frame stores some 80,000
-// logical pixels.
 #pragma once
 
 #include "shell/screen.h"
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 
 namespace tarvik {
 
@@ -18,10 +13,7 @@ inline constexpr std::ptrdiff_t ROW_BYTES = DEVICE_WIDTH * PIXEL_BYTES;
 
 /// `screen_height` rows of `screen_width` pixels of PIXEL_BYTES bytes, red, green, blue, without
 /// gaps. OpenGL draws upwards, so the lowest row comes first.
-///
-/// Its bytes are reached through this pointer only and never overlap the pointer itself. The
-/// compiler has to be told, or it reloads the pointer after every pixel.
-extern std::uint8_t* __restrict frame_buffer;
+extern std::uint8_t* frame_buffer;
 
 /// How many bytes those are.
 inline std::size_t frame_bytes() {
@@ -50,26 +42,16 @@ inline void put_pixel(std::int32_t x, std::int32_t y, int red, int green, int bl
 }
 
 /// Stores logical pixel (x, y) as a block of 2 by 2 device pixels; outside the view it does
-/// nothing, so callers need not clip. Everything the game draws goes through here.
-///
-/// The block's four device pixels lie inside wherever the logical one does. They are stored as two
-/// rows of two equal pixels, each as a word of four bytes and one of two.
+/// nothing, so callers need not clip. Everything goes through here but the track, which fills the
+/// whole view.
 inline void plot(std::int32_t x, std::int32_t y, int red, int green, int blue) {
     if (x < 0 || x >= LOGICAL_WIDTH || y < 0 || y >= LOGICAL_HEIGHT) {
         return;
     }
-    static_assert(std::endian::native == std::endian::little, "red is the words' lowest byte");
-    const std::uint32_t pixel = (static_cast<std::uint32_t>(red) & 0xFFU) |
-                                (static_cast<std::uint32_t>(green) & 0xFFU) << 8U |
-                                (static_cast<std::uint32_t>(blue) & 0xFFU) << 16U;
-    const std::uint32_t first_four = pixel | pixel << 24U;
-    const auto last_two = static_cast<std::uint16_t>(pixel >> 8U);
-    std::uint8_t* upper = pixel_at(2 * x, 2 * y);
-    std::uint8_t* lower = upper - ROW_BYTES;
-    std::memcpy(upper, &first_four, sizeof first_four);
-    std::memcpy(upper + sizeof first_four, &last_two, sizeof last_two);
-    std::memcpy(lower, &first_four, sizeof first_four);
-    std::memcpy(lower + sizeof first_four, &last_two, sizeof last_two);
+    put_pixel(2 * x, 2 * y, red, green, blue);
+    put_pixel(2 * x + 1, 2 * y, red, green, blue);
+    put_pixel(2 * x, 2 * y + 1, red, green, blue);
+    put_pixel(2 * x + 1, 2 * y + 1, red, green, blue);
 }
 
 } // namespace tarvik
