@@ -5,6 +5,7 @@
 #include "tests/support/invariants.h"
 #include "tests/support/race_test.h"
 
+#include <cstring>
 #include <gmock/gmock.h>
 
 #include <limits>

@@ -3,6 +3,8 @@
 #include "race/race_selection.h"
 #include "tests/support/race_test.h"
 
+#include <cstring>
+
 namespace tarvik::test {
 namespace {
 

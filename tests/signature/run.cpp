@@ -10,6 +10,7 @@
 #include "tests/support/ring.h"
 
 #include <cstdio>
+#include <cstring>
 #include <iomanip>
 #include <stdexcept>
 

@@ -4,6 +4,7 @@
 #include "render/frame_buffer.h"
 #include "render/glyph_table.h"
 
+#include <cstring>
 #include <stdexcept>
 
 namespace tarvik::test {
