@@ -73,10 +73,10 @@ void PlayTest::TearDown() {
 
 void PlayTest::start_game(const std::string& display, const Command& command,
                           const Environment& further_environment) {
+    Environment environment = further_environment;
     // The drivers below OpenGL keep memory to the end.
-    Environment environment = {
-        {"DISPLAY", display}, {"WAYLAND_DISPLAY", ""}, {"ASAN_OPTIONS", "detect_leaks=0"}};
-    environment.insert(further_environment.begin(), further_environment.end());
+    environment.insert(
+        {{"DISPLAY", display}, {"WAYLAND_DISPLAY", ""}, {"ASAN_OPTIONS", "detect_leaks=0"}});
     game_ = std::make_unique<ChildProcess>(command.empty() ? Command{TARVIK_PROGRAM} : command,
                                            ChildProcess::Options{.folder = folder_,
                                                                  .environment = environment,
