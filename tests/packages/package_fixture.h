@@ -3,23 +3,22 @@
 
 #include "tests/desktop/play_fixture.h"
 
+#include <gmock/gmock.h>
+
 namespace tarvik {
-
-/// Runs a command to its end and returns what it prints; the running test fails if the command
-/// does.
-std::string output_of(const std::vector<std::string>& command);
-
-/// Expects each of some parts in a text.
-void expect_parts(const std::string& text, const std::vector<std::string>& parts);
 
 class PackageTest : public PlayTest {
   protected:
+    /// Runs a command to its end and returns what it prints; the running test fails if the command
+    /// does.
+    static std::string output_of(const Command& command);
+
     /// Unpacks a package into the test's folder, below a folder with a blank in its name.
     std::filesystem::path unpack(const std::string& package);
 
-    /// Waits until the game shows a status text, and every logical pixel as one block of pixels.
-    /// `area` is the picture's place in the window.
-    bool waits_for_text(const std::string& text, int x, int y, Area area = {0, 0, 640, 480});
+    /// Waits until a window of this size shows the start of the first track, each logical pixel as
+    /// one block, and black beside it.
+    bool shows_start(int width = 640, int height = 480);
 
     /// Shifts up and leaves: the start, a key and the end.
     void play();
