@@ -50,7 +50,10 @@ bool start_x11() {
     setenv("XMODIFIERS", "@im=none", 1);
     setenv("XCOMPOSEFILE", "/dev/null", 1);
     const bool started = start_video("x11");
-    unsetenv("XCOMPOSEFILE"); // read by now, and on Wayland a complaint on standard error
+    // Read by now. On Wayland one would be a complaint on standard error, the other the wrong name
+    // for what the desktop entry is called.
+    unsetenv("XCOMPOSEFILE");
+    unsetenv("SDL_VIDEO_X11_WMCLASS");
     return started;
 }
 

@@ -3,30 +3,11 @@
 
 #include <X11/Xatom.h>
 
-#include <algorithm>
-
 namespace tarvik {
 
 namespace {
 
 constexpr Area WINDOW = {0, 0, 640, 480};
-
-/// A frame as a window of another size shows it: each logical pixel is one block of the largest
-/// size that fits, in the middle of black; a window too small shows the frame's middle.
-Pixels fitted(const Pixels& frame, int width, int height) {
-    const int factor = std::max(1, std::min(width / 320, height / 240));
-    const int left = (width - 320 * factor) / 2;
-    const int top = (height - 240 * factor) / 2;
-    Pixels pixels;
-    for (int y = -top; y < height - top; ++y) {
-        for (int x = -left; x < width - left; ++x) {
-            const bool is_inside = x >= 0 && y >= 0 && x < 320 * factor && y < 240 * factor;
-            const int at = 2 * (y / factor) * WINDOW.width + 2 * (x / factor);
-            pixels.push_back(is_inside ? frame[static_cast<std::size_t>(at)] : 0);
-        }
-    }
-    return pixels;
-}
 
 struct Screen {
     int width;

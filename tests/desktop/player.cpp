@@ -1,6 +1,7 @@
 // Requests to the X server, and what it tells about the window.
 #include "tests/desktop/player.h"
 
+#include <algorithm>
 #include <cstring>
 #include <stdexcept>
 #include <thread>
@@ -11,11 +12,20 @@
 
 namespace tarvik {
 
-namespace {
-
-constexpr const char* TITLE = "Quillaby - Tarvik V0.1";
-
-} // namespace
+Pixels fitted(const Pixels& frame, int width, int height) {
+    const int factor = std::max(1, std::min(width / 320, height / 240));
+    const int left = (width - 320 * factor) / 2;
+    const int top = (height - 240 * factor) / 2;
+    Pixels pixels;
+    for (int y = -top; y < height - top; ++y) {
+        for (int x = -left; x < width - left; ++x) {
+            const bool is_inside = x >= 0 && y >= 0 && x < 320 * factor && y < 240 * factor;
+            const int at = 2 * (y / factor) * 640 + 2 * (x / factor);
+            pixels.push_back(is_inside ? frame.at(static_cast<std::size_t>(at)) : 0);
+        }
+    }
+    return pixels;
+}
 
 Player::Player(const std::string& display) : display_(XOpenDisplay(display.c_str())) {
     if (display_ == nullptr) {
@@ -33,7 +43,7 @@ Player::~Player() {
     XCloseDisplay(display_);
 }
 
-void Player::find_window() {
+void Player::find_window(const char* title) {
     Window root = None;
     Window parent = None;
     Window* children = nullptr;
@@ -42,7 +52,7 @@ void Player::find_window() {
     for (unsigned int i = 0; i < count; ++i) {
         char* name = nullptr;
         XFetchName(display_, children[i], &name);
-        if (std::strcmp(name != nullptr ? name : "", TITLE) == 0) {
+        if (std::strcmp(name != nullptr ? name : "", title) == 0) {
             window_ = children[i];
         }
         XFree(name);
@@ -50,10 +60,10 @@ void Player::find_window() {
     XFree(children);
 }
 
-bool Player::finds_game_with(unsigned long colour, int x, int y) {
+bool Player::finds_game_with(unsigned long colour, int x, int y, const char* title) {
     return waits_until([&] {
         read_events();
-        find_window();
+        find_window(title);
         return window_ != None && look_at({x, y, 1, 1}) == Pixels{colour};
     });
 }

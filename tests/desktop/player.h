@@ -22,6 +22,11 @@ struct Area {
 
 using Pixels = std::vector<unsigned long>; ///< 0xRRGGBB, row by row
 
+/// The game's frame, 640 by 480, as a window of another size shows it: each logical pixel is one
+/// block of the largest size that fits, in the middle of black; a window too small shows the
+/// frame's middle.
+Pixels fitted(const Pixels& frame, int width, int height);
+
 class Player {
   public:
     explicit Player(const std::string& display);
@@ -30,7 +35,8 @@ class Player {
     ~Player();
 
     /// Waits for the game's window and for a frame in it that has a certain colour at a place.
-    bool finds_game_with(unsigned long colour, int x, int y);
+    bool finds_game_with(unsigned long colour, int x, int y,
+                         const char* title = "Quillaby - Tarvik V0.1");
 
     /// Number of windows that have been shown since this player came.
     int count_shown_windows();
@@ -79,7 +85,7 @@ class Player {
     int damage_event_ = 0;
 
     void read_events();
-    void find_window();
+    void find_window(const char* title);
     void send_key(KeySym key, Bool down) const;
     void focus(Window window) const;
 };

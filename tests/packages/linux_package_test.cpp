@@ -15,9 +15,7 @@ using testing::HasSubstr;
 
 class LinuxPackage : public PackageTest {
   protected:
-    void SetUp() override {
-        PackageTest::SetUp();
-        home_ = folder_ / "home";
+    LinuxPackage() {
         fs::create_directory(home_);
     }
 
@@ -36,11 +34,12 @@ class LinuxPackage : public PackageTest {
         expected_exit_code_ = 1;
         start(script, display);
         EXPECT_EQ(game_->wait(), 1);
-        EXPECT_THAT(errors(), HasSubstr(why));
-        EXPECT_EQ(read(folder_ / "zenity-says"), errors());
+        const std::string words = read(folder_ / "errors");
+        EXPECT_THAT(words, HasSubstr(why));
+        EXPECT_EQ(read(folder_ / "zenity-says"), words);
     }
 
-    fs::path home_;
+    const fs::path home_ = folder_ / "home";
 };
 
 using WebPackage = PackageTest;
@@ -50,6 +49,7 @@ using WebPackage = PackageTest;
 TEST_F(LinuxPackage, StartsFromAnyFolderAndThroughALinkAndCopiesNothing) {
     fs::create_symlink(unpack(TARVIK_LINUX_PACKAGE) / "tarvik", folder_ / "race");
     start("./race", server_.display());
+    frame_at_start();
     play();
     EXPECT_TRUE(fs::is_empty(home_));
 }
@@ -88,6 +88,7 @@ TEST_F(LinuxPackage, PlaysWithACopyOfTheDataWhenInstalled) {
     const fs::path usr = unpack(TARVIK_DEBIAN_PACKAGE);
     output_of({"chmod", "-R", "a-w", usr});
     start(usr / "bin/tarvik", server_.display());
+    frame_at_start();
     play();
     EXPECT_TRUE(fs::exists(home_ / ".cache/tarvik/data/race2.map"));
     output_of({"chmod", "-R", "u+w", usr});

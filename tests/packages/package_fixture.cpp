@@ -27,26 +27,33 @@ std::filesystem::path PackageTest::unpack(const std::string& package) {
     return *std::filesystem::directory_iterator(into);
 }
 
-bool PackageTest::shows_start(int width, int height) {
-    constexpr unsigned long GATE_COLOUR = 0xE02020;
-    const int factor = std::min(width / 320, height / 240);
+Pixels PackageTest::frame_at_start() {
+    constexpr Area GATE = {2 * 152, 2 * 32, 1, 1};
+    Pixels frame;
     for (int minute = 0; minute < 6 && game_->is_running(); ++minute) { // Wine takes its time
-        if (player_.finds_game_with(GATE_COLOUR, width / 2 - 8 * factor,
-                                    height / 2 - 88 * factor)) {
-            return player_.waits_until(
-                [&] { return !player_.logical_pixels(width, height).empty(); });
+        if (player_.finds_game_with(GATE_COLOUR, GATE.x, GATE.y)) {
+            break;
         }
     }
-    return false;
+    EXPECT_TRUE(player_.waits_until([&] {
+        frame = player_.look_at(WINDOW);
+        return !frame.empty() && frame == fitted(frame, WINDOW.width, WINDOW.height);
+    })) << read(folder_ / "errors");
+    return frame;
 }
 
 void PackageTest::play() {
-    ASSERT_TRUE(shows_start()) << errors();
     player_.turn_to_game();
     const Pixels neutral = player_.look_at(GEAR);
     player_.tap(XK_a);
     EXPECT_TRUE(player_.sees_change(GEAR, neutral));
     leave();
+}
+
+void PackageTest::leave() {
+    player_.press(XK_Escape);
+    EXPECT_EQ(game_->wait(), 0);
+    player_.release(XK_Escape);
 }
 
 } // namespace tarvik

@@ -7,6 +7,9 @@
 
 namespace tarvik {
 
+inline constexpr Area WINDOW = {0, 0, 640, 480};
+inline constexpr unsigned long GATE_COLOUR = 0xE02020;
+
 class PackageTest : public PlayTest {
   protected:
     /// Runs a command to its end and returns what it prints; the running test fails if the command
@@ -16,16 +19,12 @@ class PackageTest : public PlayTest {
     /// Unpacks a package into the test's folder, below a folder with a blank in its name.
     std::filesystem::path unpack(const std::string& package);
 
-    /// Waits until a window of this size shows the start of the first track, each logical pixel as
-    /// one block, and black beside it.
-    bool shows_start(int width = 640, int height = 480);
+    /// Waits until the first track is seen as it is at the start, in whole blocks.
+    Pixels frame_at_start();
 
-    /// Shifts up and leaves: the start, a key and the end.
+    /// Shifts up and leaves.
     void play();
-
-    std::string errors() const {
-        return read(folder_ / "errors");
-    }
+    void leave();
 };
 
 } // namespace tarvik

@@ -9,14 +9,19 @@ namespace tarvik {
 namespace {
 
 constexpr unsigned long EMPTY_COLOUR = 0x3F3F3F; // of a screen without windows
+constexpr const char* CLOSE = "[app_id=tarvik] kill";
 
 class Wayland : public PlayTest {
   protected:
     // The compositor's window has the keyboard from before the game to after it.
     void SetUp() override {
-        PlayTest::SetUp();
-        ASSERT_TRUE(player_.finds_window_with("", EMPTY_COLOUR, 320, 240));
+        ASSERT_TRUE(finds_screen_with(EMPTY_COLOUR, 320, 240));
         player_.turn_to_game();
+    }
+
+    bool finds_screen_with(unsigned long colour, int x, int y) {
+        constexpr const char* NO_TITLE = "";
+        return player_.finds_game_with(colour, x, y, NO_TITLE);
     }
 
     void start(const std::string& x_display = "", const std::string& wanted = "") {
@@ -27,12 +32,10 @@ class Wayland : public PlayTest {
 
     void start_race() {
         start();
-        ASSERT_TRUE(
-            player_.finds_window_with("", MARKER_COLOUR, MARKER_AT_START.x, MARKER_AT_START.y));
+        ASSERT_TRUE(finds_screen_with(MARKER_COLOUR, MARKER_AT_START.x, MARKER_AT_START.y));
     }
 
-    void close() {
-        EXPECT_TRUE(sway_.tell("[app_id=tarvik] kill"));
+    void expect_end() {
         EXPECT_EQ(game_->wait(), 0);
         EXPECT_EQ(read(folder_ / "errors"), "");
     }
@@ -52,22 +55,24 @@ TEST_F(Wayland, ThePictureIsWholeInTheMiddleAndEnlargedInEveryTileAndThePointerF
     start_race();
     player_.move_mouse_to(200, 140);
     ASSERT_TRUE(player_.sees({400, 280, 1, 1}, {POINTER_COLOUR}));
-    const Pixels small = player_.logical_pixels(640, 480);
+    const Pixels frame = player_.look_at({0, 0, 640, 480});
     for (const auto& [width, height, scale] :
          {Screen{1366, 768, 1}, {1001, 733, 1}, {1280, 480, 2}, {1280, 720, 2}}) {
         SCOPED_TRACE(testing::Message() << width << " by " << height << " at scale " << scale);
         const std::string mode = std::to_string(width) + "x" + std::to_string(height);
         ASSERT_TRUE(sway_.tell("output * resolution " + mode + " scale " + std::to_string(scale)));
         const int factor = std::min(width / 320, height / 240);
-        const Area mouse = {(width - 320 * factor) / 2 + 100 * factor,
-                            (height - 240 * factor) / 2 + 70 * factor, 1, 1};
+        const int mouse_x = (width - 320 * factor) / 2 + 100 * factor;
+        const int mouse_y = (height - 240 * factor) / 2 + 70 * factor;
+        const Pixels expected = fitted(frame, width, height);
         const auto shows_it = [&] {
             player_.move_mouse_to(0, 0);
-            player_.move_mouse_to(mouse.x, mouse.y);
-            return player_.logical_pixels(width, height) == small;
+            player_.move_mouse_to(mouse_x, mouse_y);
+            return player_.look_at({0, 0, width, height}) == expected;
         };
         EXPECT_TRUE(player_.waits_until(shows_it));
-        close();
+        EXPECT_TRUE(sway_.tell(CLOSE));
+        expect_end();
         start();
         EXPECT_TRUE(player_.waits_until(shows_it)) << "from the start";
     }
@@ -83,7 +88,8 @@ TEST_F(Wayland, KeysChangeGearAndDriveAndEscapeEndsTheGame) {
     player_.release(XK_Up);
     player_.tap(XK_z);
     EXPECT_TRUE(player_.sees(GEAR, neutral));
-    leave();
+    player_.press(XK_Escape);
+    expect_end();
 }
 
 // As on Windows: nobody tells the game that the key went up meanwhile. While 1 counts as held, 3
@@ -103,7 +109,8 @@ TEST_F(Wayland, TheGameKeepsItsKeysWithoutFocusAndCanBeClosedWhileHidden) {
     player_.release(XK_3);
     EXPECT_TRUE(player_.sees(DIFFICULTY, easy));
     ASSERT_TRUE(sway_.tell("workspace 2"));
-    close();
+    EXPECT_TRUE(sway_.tell(CLOSE));
+    expect_end();
 }
 
 // Ended at different times from the first frame on; where X11 would do as well, Wayland has to be
@@ -115,10 +122,12 @@ TEST_F(Wayland, StartsAndEndsAgainAndAgain) {
         ASSERT_TRUE(Player::waits_until([this] { return sway_.tell("[app_id=tarvik] focus"); }));
         player_.tap(XK_a);
         if (i % 2 == 0) {
-            leave();
+            player_.press(XK_Escape);
         } else {
-            close();
+            EXPECT_TRUE(sway_.tell(CLOSE));
         }
+        expect_end();
+        player_.release(XK_Escape);
         player_.release(XK_Up);
     }
 }
