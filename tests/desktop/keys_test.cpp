@@ -23,9 +23,9 @@ constexpr int PLACE_VOLUME_UP = 0x80;
 constexpr int PLACE_LEFT_ALT = 0xE2;
 
 struct Case {
-    const char* what;
+    const char* what = nullptr;
     KeyChange change;
-    Message message; ///< of no kind where no message is to come
+    Message message = {}; ///< of no kind where no message is to come
 };
 
 constexpr LPARAM RELEASE = 1 | KEY_WAS_DOWN | KEY_RELEASED;

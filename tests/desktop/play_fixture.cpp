@@ -11,28 +11,17 @@ namespace tarvik {
 
 namespace {
 
-void write_square(std::ofstream& file, char size, unsigned long colour) {
-    const char header[12] = {size, 0, 0, 0, size, 0, 0, 0, 3, 0, 0, 0};
-    file.write(header, sizeof header);
-    for (int pixel = 0; pixel < size * size; ++pixel) {
-        for (unsigned int shift : {16U, 8U, 0U}) {
-            file.put(static_cast<char>(colour >> shift & 0xFFU));
-        }
-    }
-}
-
+// Of 1,400 pictures all but two have no pixels.
 void write_graphics(const std::filesystem::path& path) {
-    constexpr int RECORDS = 1400;
-    constexpr int MARKER = 30;
-    constexpr int POINTER = 250;
     std::ofstream file(path, std::ios::binary);
-    for (int record = 0; record < RECORDS; ++record) {
-        if (record == MARKER) {
-            write_square(file, MARKER_SIZE, MARKER_COLOUR);
-        } else if (record == POINTER) {
-            write_square(file, POINTER_SIZE, POINTER_COLOUR);
-        } else {
-            file.write("\0\0\0\0\0\0\0\0\0\0\0", 12);
+    for (int number = 0; number < 1400; ++number) {
+        const int side = number == 30 ? MARKER_SIZE : number == 250 ? POINTER_SIZE : 0;
+        const unsigned long colour = number == 30 ? MARKER_COLOUR : POINTER_COLOUR;
+        for (const int value : {side, side, 3}) {
+            file.write(reinterpret_cast<const char*>(&value), sizeof value);
+        }
+        for (int byte = 0; byte < 3 * side * side; ++byte) {
+            file.put(static_cast<char>(colour >> (16 - byte % 3 * 8)));
         }
     }
 }

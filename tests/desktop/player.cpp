@@ -125,19 +125,6 @@ void Player::send_key(KeySym key, Bool down) const {
     XSync(display_, False);
 }
 
-void Player::press(KeySym key) const {
-    send_key(key, True);
-}
-
-void Player::release(KeySym key) const {
-    send_key(key, False);
-}
-
-void Player::tap(KeySym key) const {
-    press(key);
-    release(key);
-}
-
 void Player::move_mouse_to(int x, int y) const {
     const Area picture = place();
     XTestFakeMotionEvent(display_, -1, picture.x + x, picture.y + y, CurrentTime);
@@ -147,14 +134,6 @@ void Player::move_mouse_to(int x, int y) const {
 void Player::focus(Window window) const {
     XSetInputFocus(display_, window, RevertToPointerRoot, CurrentTime);
     XSync(display_, False);
-}
-
-void Player::turn_away() const {
-    focus(None);
-}
-
-void Player::turn_to_game() const {
-    focus(window_);
 }
 
 void Player::ask_to_close() const {

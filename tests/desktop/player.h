@@ -61,14 +61,29 @@ class Player {
     bool sees(const Area& area, const Pixels& pixels) const;
     bool sees_change(const Area& area, const Pixels& before) const;
 
-    void press(KeySym key) const;
-    void release(KeySym key) const;
-    void tap(KeySym key) const;
+    void press(KeySym key) const {
+        send_key(key, True);
+    }
+
+    void release(KeySym key) const {
+        send_key(key, False);
+    }
+
+    void tap(KeySym key) const {
+        press(key);
+        release(key);
+    }
+
     void move_mouse_to(int x, int y) const;
 
     /// Takes the keyboard away from every window.
-    void turn_away() const;
-    void turn_to_game() const;
+    void turn_away() const {
+        focus(None);
+    }
+
+    void turn_to_game() const {
+        focus(window_);
+    }
 
     /// Sends what a window manager's close button does.
     void ask_to_close() const;

@@ -92,7 +92,8 @@ TEST_F(Timing, AFloodOfMouseMovesDoesNotDelayAKey) {
     start_race();
     player_.watch_pictures();
     int fewest = MOVES;
-    for (const KeySym key : {XK_1, XK_2, XK_3, XK_1, XK_3, XK_2}) {
+    const KeySym digits[] = {XK_1, XK_2, XK_3, XK_1, XK_3, XK_2};
+    for (const KeySym key : digits) {
         const Pixels before = player_.look_at(DIFFICULTY);
         game_->send(SIGSTOP);
         for (int move = 0; move < MOVES; ++move) {
