@@ -41,9 +41,10 @@ export function inBrowser(name = 'chrome') {
   });
 }
 
-/// An empty page in a profile of its own, for one test; nothing may go wrong in it but what the test
-/// forgives.
-export async function openPage(t, { width = 1280, height = 720, scale = 1, touch = false, colours = 'light' } = {}) {
+/// The page in a profile of its own, for one test, once it is in a state; `prepare` may change the
+/// empty page before. Nothing may go wrong in it but what the test forgives.
+export async function openGame(t, { prepare, state = 'ready', ...screen } = {}) {
+  const { width = 1280, height = 720, scale = 1, touch = false, colours = 'light' } = screen;
   const context = await browser.createBrowserContext();
   const page = await context.newPage();
   page.faults = [];
@@ -61,13 +62,9 @@ export async function openPage(t, { width = 1280, height = 720, scale = 1, touch
     await page.emulateMediaFeatures([{ name: 'prefers-color-scheme', value: colours }]);
   }
   await page.evaluateOnNewDocument(noteKeys);
-  return page;
-}
-
-export async function openGame(t, options) {
-  const page = await openPage(t, options);
+  await prepare?.(page);
   await page.goto(address);
-  await inState(page, 'ready');
+  await inState(page, state);
   return page;
 }
 

@@ -37,10 +37,7 @@ const STEPS = [
 ];
 
 test('a controller starts the race, drives, comes and goes, changes tracks, and ends the race', async (t) => {
-  const page = await web.openPage(t);
-  await page.evaluateOnNewDocument(stubController);
-  await page.goto(web.address);
-  await web.inState(page, 'ready');
+  const page = await web.openGame(t, { prepare: (empty) => empty.evaluateOnNewDocument(stubController) });
   await page.evaluate(() => window.plug(true));
   const turn = () => page.evaluate(() => new Promise((done) => requestAnimationFrame(() => requestAnimationFrame(done))));
   const press = async (value) => {

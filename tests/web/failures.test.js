@@ -15,43 +15,35 @@ async function assertTold(page, words) {
 }
 
 /// Answers requests by `answer`, given the name of the file, where that returns something.
-async function answerWith(page, answer) {
+const answering = (answer) => async (page) => {
   await page.setRequestInterception(true);
   page.on('request', async (request) => {
     const given = await answer(request.url().slice(web.address.length));
     await (given ? request.respond(given) : request.continue());
   });
-}
+};
 
 test('no WebAssembly, or no memory for it', async (t) => {
-  const without = await web.openPage(t);
-  await without.evaluateOnNewDocument(() => delete window.WebAssembly);
-  await without.goto(web.address);
-  await assertTold(without, /WebAssembly/);
+  const changing = (change) => (page) => page.evaluateOnNewDocument(change);
+  const without = changing(() => delete window.WebAssembly);
+  await assertTold(await web.openGame(t, { prepare: without, state: 'failed' }), /WebAssembly/);
 
-  const small = await web.openPage(t);
-  await small.evaluateOnNewDocument(() => {
+  const small = changing(() => {
     WebAssembly.Memory = function () {
       throw new RangeError('WebAssembly.Memory(): could not allocate memory');
     };
   });
-  await small.goto(web.address);
-  await web.inState(small, 'ready');
-  await small.keyboard.press('Enter');
-  await assertTold(small, /350 MB of memory/);
+  const page = await web.openGame(t, { prepare: small });
+  await page.keyboard.press('Enter');
+  await assertTold(page, /350 MB of memory/);
 });
 
-for (const [missing, words] of [
-  ['tarvik.wasm', /tarvik.wasm could not be loaded/],
-  ['tarvik.js', /tarvik.js could not be loaded/],
-  ['data/race2.map.gz', /race2.map.gz could not be loaded/],
-]) {
+for (const missing of ['tarvik.wasm', 'tarvik.js', 'data/race2.map.gz']) {
   test(`${missing} is missing or not what it should be, and comes back`, async (t) => {
-    const page = await web.openPage(t);
     let answer = { status: 404, body: 'not here' };
-    await answerWith(page, (name) => (name === missing ? answer : null));
-    await page.goto(web.address);
-    await assertTold(page, words);
+    const prepare = answering((name) => (name === missing ? answer : null));
+    const page = await web.openGame(t, { prepare, state: 'failed' });
+    await assertTold(page, new RegExp(`${missing.split('/').at(-1)} could not be loaded`));
     if (missing === 'tarvik.wasm') {
       answer = { body: 'no program' };
       await page.keyboard.press('Enter');
@@ -65,16 +57,11 @@ for (const [missing, words] of [
 }
 
 test('a map or an archive that ends early is read as far as it goes', async (t) => {
-  const page = await web.openPage(t);
-  await answerWith(page, async (name) => {
-    if (name.endsWith('.gz')) {
-      const body = await readFile(`${web.SITE}/${name}`);
-      return { body: body.subarray(0, body.length / 2) };
-    }
-    return null;
+  const prepare = answering(async (name) => {
+    const body = name.endsWith('.gz') && (await readFile(`${web.SITE}/${name}`));
+    return body && { body: body.subarray(0, body.length / 2) };
   });
-  await page.goto(web.address);
-  await web.inState(page, 'ready');
+  const page = await web.openGame(t, { prepare });
   await web.startRace(page);
   await web.picturesLater(page, 10);
   await web.endRace(page);

@@ -13,7 +13,6 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -22,17 +21,10 @@ namespace {
 using namespace tarvik;
 using namespace tarvik::test;
 
-struct KeyEvent {
-    int virtual_key;
-    int down;
-};
-
 std::vector<std::uint8_t> file_of(const std::string& name) {
-    std::ifstream file(name, std::ios::binary);
-    if (!file) {
-        std::fprintf(stderr, "cannot read %s\n", name.c_str());
-        std::exit(EXIT_FAILURE);
-    }
+    std::ifstream file;
+    file.exceptions(std::ios::failbit); // without it all frames would differ
+    file.open(name, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
@@ -63,23 +55,18 @@ int main(int count, char** arguments) {
     }
     const std::string data = arguments[1];
     const int last = std::atoi(arguments[2]);
-    std::multimap<int, KeyEvent> keys;
-    for (int i = 3; i < count; ++i) {
-        int frame = 0;
-        int down = 0;
-        char code[32];
-        if (std::sscanf(arguments[i], "%d,%d,%31s", &frame, &down, code) != 3) {
-            return EXIT_FAILURE;
-        }
-        keys.insert({frame, {virtual_key_of(place_of_web_code(code), 0, true), down}});
-    }
     install_data(file_of(data + "/race1.map"), file_of(data + "/race2.map"),
                  file_of(data + "/graphics.dat"));
     return run_program(last, [&](int frame) {
-        const auto [begin, end] = keys.equal_range(frame);
-        for (auto key = begin; key != end; ++key) {
-            const auto& [virtual_key, down] = key->second;
-            down != 0 ? press(virtual_key) : release(virtual_key);
+        for (int i = 3; i < count; ++i) {
+            int key_frame = 0;
+            int down = 0;
+            char code[32];
+            if (std::sscanf(arguments[i], "%d,%d,%31s", &key_frame, &down, code) == 3 &&
+                key_frame == frame) {
+                const int virtual_key = virtual_key_of(place_of_web_code(code), 0, true);
+                down != 0 ? press(virtual_key) : release(virtual_key);
+            }
         }
         if (frame == last + 1) {
             write_picture();

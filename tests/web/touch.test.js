@@ -35,8 +35,7 @@ const keysOf = (page) => page.evaluate(() => window.seenKeys.splice(0).map((key)
 for (const screen of SCREENS) {
   test(`${screen.width} by ${screen.height}: every button in reach of a thumb, beside a whole picture`, async (t) => {
     const page = await web.openGame(t, screen);
-    await page.tap('#start');
-    await web.inState(page, 'racing');
+    await web.startRace(page);
     const { picture, buttons } = await page.evaluate(() => {
       const box = (element) => element.getBoundingClientRect().toJSON();
       const found = [...document.querySelectorAll('[data-code]')].map((each) => [each.dataset.code, box(each)]);
@@ -62,7 +61,6 @@ test('a lap with thumbs, from the start to the end', async (t) => {
   await page.tap('#start');
   await web.inState(page, 'racing');
   await page.tap('[data-code="KeyA"]');
-
   await page.tap('[data-code="ArrowUp"]');
   await web.picturesLater(page, 3);
 
@@ -88,18 +86,14 @@ test('a lap with thumbs, from the start to the end', async (t) => {
     /^You drove for \d+ s\.\nTrack 1: 1 lap completed, best lap 301 frames \(5\.02 s\)\.$/,
   );
 
-  await page.tap('#start'); // the next race knows nothing of it
-  await web.inState(page, 'racing');
-  await page.tap('[data-code="Escape"]');
-  await web.inState(page, 'ended');
+  await web.startRace(page); // the next race knows nothing of it
+  await web.endRace(page);
   assert.match(await web.textOf(page, '#curtain-text'), /No lap completed/);
 });
 
 test('thumbs hold, slide off and slide on, and the page stays where it is', async (t) => {
   const page = await web.openGame(t, PHONE);
-  await page.tap('#start');
-  await web.inState(page, 'racing');
-  await keysOf(page);
+  await web.startRace(page);
 
   const finger = await fingersOf(page);
   const [left, right, up, gear] = await Promise.all(
