@@ -56,7 +56,9 @@ std::vector<std::uint8_t> plain_map(std::uint8_t value) {
 std::vector<std::uint8_t> archive_of(const std::vector<Image>& images) {
     std::vector<std::uint8_t> archive;
     for (int number = 0; number < SPRITE_COUNT; ++number) {
-        const auto image = std::ranges::find(images, number, &Image::number);
+        const auto image = std::find_if(images.begin(), images.end(), [number](const Image& each) {
+            return each.number == number;
+        });
         if (image == images.end()) {
             archive.insert(archive.end(), 12, 0);
             continue;
