@@ -21,7 +21,7 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 ProgramRun drive(const TemporaryFolder& folder, const std::string& arguments) {
-    return run_program(program_beside("tarvik-demo"), folder, "--headless " + arguments);
+    return run(folder, "tarvik-demo --headless " + arguments);
 }
 
 /// Frames of the one lap that is driven.
@@ -103,12 +103,12 @@ TEST(DemoWindow, shows_the_drive_whatever_key_is_held_down_from_the_start) {
                "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 10000 10000'>"
                "<circle cx='2200' cy='2400' r='200' fill='none' stroke='#000' stroke-width='50'/>"
                "</svg>");
-    ASSERT_EQ(run_tarvik_data(folder, "track build ring.svg data/race2.map").text, "");
+    ASSERT_EQ(run(folder, "tarvik-data track build ring.svg data/race2.map").text, "");
     const XServer server;
     Player player(server.display());
-    ChildProcess demo(
-        {program_beside("tarvik-demo"), "--race", "2", "--laps", "1", "--from", "."},
-        {folder / "", {{"DISPLAY", server.display()}, {"WAYLAND_DISPLAY", ""}}, folder / "said"});
+    const std::string command = "exec tarvik-demo --race 2 --laps 1 --from . >said";
+    ChildProcess demo({"/bin/sh", "-c", in_folder(folder, command)},
+                      {.environment = {{"DISPLAY", server.display()}, {"WAYLAND_DISPLAY", ""}}});
     ASSERT_TRUE(Player::waits_until([&] { return player.count_shown_windows() > 0; }));
     player.press(XK_1); // another difficulty
     EXPECT_EQ(demo.wait(std::chrono::minutes(2)), 0);
@@ -127,9 +127,8 @@ TEST(DemoOptions, are_explained_or_refused_in_one_line) {
         EXPECT_EQ(run.text.find('\n'), run.text.size() - 1) << run.text;
     }
     // A window has no pictures to write.
-    const ProgramRun run =
-        run_program(program_beside("tarvik-demo"), folder, "--pictures x", "unset DISPLAY;");
-    EXPECT_THAT(run.text, StartsWith("tarvik-demo: --pictures requires --headless"));
+    const std::string text = run(folder, "tarvik-demo --pictures x").text;
+    EXPECT_THAT(text, StartsWith("tarvik-demo: --pictures requires --headless"));
 }
 
 } // namespace

