@@ -11,7 +11,6 @@
 #include "tests/support/program.h"
 
 #include <algorithm>
-#include <array>
 #include <fuzzer/FuzzedDataProvider.h>
 #include <limits>
 
@@ -101,54 +100,32 @@ std::int64_t pixels_held(const Sprite& sprite) {
     return static_cast<std::int64_t>(sprite.pixel_bytes / 3);
 }
 
-std::uint32_t colour_of(const std::uint8_t* pixel) {
-    return std::uint32_t{pixel[0]} | std::uint32_t{pixel[1]} << 8U | std::uint32_t{pixel[2]} << 16U;
-}
-
 /// Draws pixel by pixel, in the order of the file, into a picture of words, and compares.
 void compare_drawing(DrawSprite draw, std::int32_t x, std::int32_t y, std::int32_t n) {
     clear_frame();
     draw(x, y, n);
 
-    static std::array<std::uint32_t, std::size_t{LOGICAL_WIDTH} * LOGICAL_HEIGHT> expected;
-    expected.fill(0);
+    std::vector<std::uint32_t> expected(std::size_t{LOGICAL_WIDTH} * LOGICAL_HEIGHT, test::BLACK);
     const Sprite& sprite = sprite_table[n];
     const std::int64_t least = draw == draw_sprite_clamped ? 0 : LEAST;
     for (std::int64_t i = 0; i < pixels_held(sprite) && i / sprite.width < sprite.width; ++i) {
-        const std::uint32_t colour = colour_of(sprite.pixels + 3 * i);
+        const std::uint8_t* pixel = sprite.pixels + 3 * i;
+        const std::uint32_t colour =
+            std::uint32_t{pixel[0]} << 16U | std::uint32_t{pixel[1]} << 8U | pixel[2];
         const std::int64_t at_x = std::max<std::int64_t>(least, x + i % sprite.width);
         const std::int64_t at_y = std::max<std::int64_t>(least, y + i / sprite.width);
-        if (colour != 0 && at_x >= 0 && at_x < LOGICAL_WIDTH && at_y >= 0 &&
+        if (colour != SPRITE_TRANSPARENT && at_x >= 0 && at_x < LOGICAL_WIDTH && at_y >= 0 &&
             at_y < LOGICAL_HEIGHT) {
             expected[static_cast<std::size_t>(at_y * LOGICAL_WIDTH + at_x)] = colour;
         }
     }
-    const std::uint32_t* wanted = expected.data();
-    for (std::int32_t row = 0; row < LOGICAL_HEIGHT; ++row) {
-        for (std::int32_t column = 0; column < LOGICAL_WIDTH; ++column, ++wanted) {
-            require(colour_of(pixel_at(2 * column, 2 * row)) == *wanted,
-                    "a pixel differs from the plain drawing's");
-        }
-    }
+    require(test::drawn_picture().pixels == expected, "a pixel differs from the plain drawing's");
 }
 
 /// At the edges of the view and as far beyond them as numbers go.
-std::vector<std::int32_t> places(std::int32_t view_side, std::int32_t sprite_side) {
-    return {LEAST,
-            LEAST + 1,
-            -7607,
-            -sprite_side,
-            1 - sprite_side,
-            -1,
-            0,
-            1,
-            view_side - sprite_side,
-            view_side - 1,
-            view_side,
-            2392,
-            65535,
-            MOST - sprite_side,
-            MOST};
+std::vector<std::int32_t> places(std::int32_t view, std::int32_t side) {
+    return {LEAST,       LEAST + 1, -7607, -side, 1 - side, -1,          0,   1,
+            view - side, view - 1,  view,  2392,  65535,    MOST - side, MOST};
 }
 
 void draw_at_all_edges(std::int32_t n) {

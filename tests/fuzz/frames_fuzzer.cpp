@@ -89,16 +89,10 @@ void paint_something(Input& input) {
 
 /// Seldom the length of a whole map, which takes as long as a hundred frames.
 std::size_t map_length(Input& input) {
-    constexpr std::size_t LENGTHS[] = {0,
-                                       1,
-                                       TRACK_WIDTH - 1,
-                                       TRACK_WIDTH,
-                                       TRACK_WIDTH + 1,
-                                       TRACK_MAP_BYTES - TRACK_WIDTH,
-                                       TRACK_MAP_BYTES - 1,
-                                       TRACK_MAP_BYTES,
-                                       TRACK_MAP_BYTES + 1,
-                                       TRACK_MAP_BYTES + TRACK_WIDTH};
+    constexpr std::size_t ROW = TRACK_WIDTH;
+    constexpr std::size_t ALL = TRACK_MAP_BYTES;
+    constexpr std::size_t LENGTHS[] = {0,         1,       ROW - 1, ROW,     ROW + 1,
+                                       ALL - ROW, ALL - 1, ALL,     ALL + 1, ALL + ROW};
     return input.ConsumeIntegralInRange(0, 15) == 1 ? input.PickValueInArray(LENGTHS)
                                                     : input.ConsumeIntegral<std::uint16_t>();
 }

@@ -15,33 +15,25 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <ctime>
 #include <fuzzer/FuzzedDataProvider.h>
+#include <span>
 
 namespace tarvik::fuzz {
 
 namespace {
 
-/// Cells of the grid, by index, that are no longer as in the base map.
-struct Range {
-    std::size_t first;
-    std::size_t count;
-};
-std::vector<Range> changed_cells;
+/// Cells of the grid that may no longer be as in the base map.
+std::vector<std::span<std::uint8_t>> changed_cells;
 
 /// Entries of the ghost laps that were recorded.
 std::vector<std::int32_t> recorded_entries;
 
 long frames_driven = 0;
 
-void print_frames() {
-    std::fprintf(stderr, "frames driven: %ld\n", frames_driven);
-}
-
 void restore_grid() {
-    for (const Range& range : changed_cells) {
-        std::memcpy(track_grid + range.first, base_map().data() + range.first, range.count);
+    for (const std::span<std::uint8_t> cells : changed_cells) {
+        std::copy_n(base_map().data() + (cells.data() - track_grid), cells.size(), cells.data());
     }
     changed_cells.clear();
 }
@@ -114,15 +106,14 @@ void paint(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t
     const std::int32_t bottom = std::min(top + height, TRACK_HEIGHT);
     left = std::max(left, 0);
     for (std::int32_t y = std::max(top, 0); y < bottom && left < right; ++y) {
-        const Range row{static_cast<std::size_t>(y) * TRACK_WIDTH + static_cast<std::size_t>(left),
-                        static_cast<std::size_t>(right - left)};
-        std::memset(track_grid + row.first, value, row.count);
-        changed_cells.push_back(row);
+        std::uint8_t* row = track_grid + static_cast<std::ptrdiff_t>(y) * TRACK_WIDTH;
+        std::fill(row + left, row + right, value);
+        changed_cells.emplace_back(row + left, row + right);
     }
 }
 
 void mark_loaded(std::size_t cells) {
-    changed_cells.push_back({0, std::min<std::size_t>(cells, TRACK_MAP_BYTES)});
+    changed_cells.emplace_back(track_grid, std::min<std::size_t>(cells, TRACK_MAP_BYTES));
 }
 
 void run_frame() {
@@ -150,7 +141,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
     start_up();
     clear_frame();
     mark_loaded(TRACK_MAP_BYTES);
-    std::atexit(print_frames);
+    std::atexit([] { std::fprintf(stderr, "frames driven: %ld\n", frames_driven); });
     return 0;
 }
 
