@@ -64,15 +64,6 @@ void append_mouse_move(const SDL_MouseMotionEvent& event, MessageQueue& queue) {
     }
 }
 
-// Window managers answer Alt+F4 with the close request that their close button makes too. Windows
-// tells them apart, and so does the game.
-Message close_message(Uint32 time) {
-    if (is_held(VK_MENU) && is_held(VK_F4)) {
-        return {WM_SYSCOMMAND, SC_CLOSE, 0, time};
-    }
-    return {WM_CLOSE, 0, 0, time};
-}
-
 void translate(std::span<const SDL_Event> from_event_on, MessageQueue& queue) {
     const SDL_Event& event = from_event_on.front();
     Message message{};
@@ -101,8 +92,11 @@ void translate(std::span<const SDL_Event> from_event_on, MessageQueue& queue) {
         wanted = !is_released_by_focus_loss(from_event_on) && sdl_key_message(event.key, message);
         break;
     case SDL_WINDOWEVENT:
-        wanted = event.window.event == SDL_WINDOWEVENT_CLOSE;
-        message = wanted ? close_message(message.time) : message;
+        // Window managers answer Alt+F4 with the close request that their close button makes too.
+        // Windows tells them apart, and the game makes nothing of Alt+F4.
+        wanted =
+            event.window.event == SDL_WINDOWEVENT_CLOSE && !(is_held(VK_MENU) && is_held(VK_F4));
+        message.message = WM_CLOSE;
         break;
     case SDL_QUIT: // the display is going away
         message.message = WM_CLOSE;

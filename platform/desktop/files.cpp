@@ -43,9 +43,6 @@ extern "C" {
 
 HANDLE WINAPI CreateFileA(LPCSTR name, DWORD access, DWORD, LPSECURITY_ATTRIBUTES,
                           DWORD disposition, DWORD, HANDLE) {
-    if (name == nullptr) {
-        return INVALID_HANDLE_VALUE;
-    }
     std::string path(name);
     std::ranges::replace(path, '\\', '/');
 

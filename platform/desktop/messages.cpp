@@ -1,5 +1,4 @@
 // The message loop's calls, and the two by which a program drives the game.
-#include "platform/common/keys.h"
 #include "platform/desktop/events.h"
 #include "platform/desktop/game_window.h"
 #include "platform/driver.h"
@@ -47,14 +46,8 @@ LRESULT WINAPI DispatchMessageA(const MSG* message) {
     return call_window_procedure(message->hwnd, message->message, message->wParam, message->lParam);
 }
 
-LRESULT WINAPI DefWindowProcA(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    if (message == WM_SYSKEYDOWN && wparam == VK_F4 && (lparam & KEY_ALT_HELD) != 0) {
-        post_message(WM_SYSCOMMAND, SC_CLOSE, 0);
-    } else if (message == WM_SYSCOMMAND && wparam == SC_CLOSE) {
-        call_window_procedure(window, WM_CLOSE, 0, 0);
-    } else if (message == WM_CLOSE) {
-        DestroyWindow(window);
-    }
+// The game itself sees to all messages that would have an effect.
+LRESULT WINAPI DefWindowProcA(HWND, UINT, WPARAM, LPARAM) {
     return 0;
 }
 
