@@ -9,7 +9,7 @@ std::string PackageTest::output_of(const Command& command) {
     const std::filesystem::path folder = make_folder("output");
     ChildProcess process(command, {.output = folder / "output"});
     EXPECT_EQ(process.wait(std::chrono::minutes(2)), 0) << command.front();
-    const std::string output = read(folder / "output");
+    std::string output = read(folder / "output");
     std::filesystem::remove_all(folder);
     return output;
 }

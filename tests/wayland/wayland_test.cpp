@@ -56,19 +56,21 @@ TEST_F(Wayland, ThePictureIsWholeInTheMiddleAndEnlargedInEveryTileAndThePointerF
     player_.move_mouse_to(200, 140);
     ASSERT_TRUE(player_.sees({400, 280, 1, 1}, {POINTER_COLOUR}));
     const Pixels frame = player_.look_at({0, 0, 640, 480});
-    for (const auto& [width, height, scale] :
+    for (const Screen& screen :
          {Screen{1366, 768, 1}, {1001, 733, 1}, {1280, 480, 2}, {1280, 720, 2}}) {
-        SCOPED_TRACE(testing::Message() << width << " by " << height << " at scale " << scale);
-        const std::string mode = std::to_string(width) + "x" + std::to_string(height);
-        ASSERT_TRUE(sway_.tell("output * resolution " + mode + " scale " + std::to_string(scale)));
-        const int factor = std::min(width / 320, height / 240);
-        const int mouse_x = (width - 320 * factor) / 2 + 100 * factor;
-        const int mouse_y = (height - 240 * factor) / 2 + 70 * factor;
-        const Pixels expected = fitted(frame, width, height);
+        const std::string mode = std::to_string(screen.width) + "x" +
+                                 std::to_string(screen.height) + " scale " +
+                                 std::to_string(screen.scale);
+        SCOPED_TRACE(mode);
+        ASSERT_TRUE(sway_.tell("output * resolution " + mode));
+        const int factor = std::min(screen.width / 320, screen.height / 240);
+        const int mouse_x = (screen.width - 320 * factor) / 2 + 100 * factor;
+        const int mouse_y = (screen.height - 240 * factor) / 2 + 70 * factor;
+        const Pixels expected = fitted(frame, screen.width, screen.height);
         const auto shows_it = [&] {
             player_.move_mouse_to(0, 0);
             player_.move_mouse_to(mouse_x, mouse_y);
-            return player_.look_at({0, 0, width, height}) == expected;
+            return player_.look_at({0, 0, screen.width, screen.height}) == expected;
         };
         EXPECT_TRUE(player_.waits_until(shows_it));
         EXPECT_TRUE(sway_.tell(CLOSE));
