@@ -21,7 +21,7 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 ProgramRun drive(const TemporaryFolder& folder, const std::string& arguments) {
-    return run(folder, "tarvik-demo --headless " + arguments);
+    return run_in(folder, "tarvik-demo --headless " + arguments);
 }
 
 /// Frames of the one lap that is driven.
@@ -103,7 +103,7 @@ TEST(DemoWindow, shows_the_drive_whatever_key_is_held_down_from_the_start) {
                "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 10000 10000'>"
                "<circle cx='2200' cy='2400' r='200' fill='none' stroke='#000' stroke-width='50'/>"
                "</svg>");
-    ASSERT_EQ(run(folder, "tarvik-data track build ring.svg data/race2.map").text, "");
+    ASSERT_EQ(run_in(folder, "tarvik-data track build ring.svg data/race2.map").text, "");
     const XServer server;
     Player player(server.display());
     const std::string command = "exec tarvik-demo --race 2 --laps 1 --from . >said";
@@ -127,7 +127,7 @@ TEST(DemoOptions, are_explained_or_refused_in_one_line) {
         EXPECT_EQ(run.text.find('\n'), run.text.size() - 1) << run.text;
     }
     // A window has no pictures to write.
-    const std::string text = run(folder, "tarvik-demo --pictures x").text;
+    const std::string text = run_in(folder, "tarvik-demo --pictures x").text;
     EXPECT_THAT(text, StartsWith("tarvik-demo: --pictures requires --headless"));
 }
 

@@ -16,9 +16,9 @@ using testing::StartsWith;
 ProgramRun check(const std::string& changes, const std::string& option = "") {
     const TemporaryFolder folder;
     write_file(folder / "changes", changes);
-    return run(folder, "sed -f changes " TARVIK_SOURCE_FOLDER "/docs/empty-track.svg >mine.svg; "
-                       "tarvik-data track check mine.svg " +
-                           option);
+    return run_in(folder, "sed -f changes " TARVIK_SOURCE_FOLDER "/docs/empty-track.svg >mine.svg; "
+                          "tarvik-data track check mine.svg " +
+                              option);
 }
 
 /// Adds a line on top of everything.

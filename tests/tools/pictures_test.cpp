@@ -23,8 +23,9 @@ TEST(Pictures, are_packed_as_the_game_reads_them) {
               Picture{2, 2, {1, 2, 3, 255, 0, 0, 0, 255, 200, 100, 0, 127, 4, 5, 6, 128}});
     write_png(folder / "in/1399.PNG", plain_picture(1, 1));
     write_file(folder / "in/notes.txt", "left out");
-    const auto [exit_code, text] = run(folder, "mkfifo pipe; tarvik-data pictures pack in pipe & "
-                                               "timeout 60 cat pipe; wait; test -p pipe");
+    const auto [exit_code, text] =
+        run_in(folder, "mkfifo pipe; tarvik-data pictures pack in pipe & "
+                       "timeout 60 cat pipe; wait; test -p pipe");
     EXPECT_EQ(exit_code, 0);
     EXPECT_EQ(text, std::string(3 * 12, '\0') + std::string("\2\0\0\0\2\0\0\0\3\0\0\0", 12) +
                         std::string("\1\2\3\0\0\0\0\0\0\4\5\6", 12) + std::string(1395 * 12, '\0') +
@@ -36,7 +37,7 @@ TEST(Pictures, are_refused_with_a_reason) {
     write_file(folder / "kept.dat", "earlier");
     const auto refused = [&](const std::string& name, const std::string& words) {
         const auto [exit_code, text] =
-            run(folder, "tarvik-data pictures pack " + name + " kept.dat");
+            run_in(folder, "tarvik-data pictures pack " + name + " kept.dat");
         EXPECT_EQ(exit_code, 1) << name;
         EXPECT_THAT(text, testing::HasSubstr(words));
         EXPECT_EQ(read_file(folder / "kept.dat"), "earlier");

@@ -21,7 +21,7 @@ struct ProgramRun {
     std::string text; ///< what was printed, errors included
 };
 
-inline ProgramRun run(const TemporaryFolder& folder, const std::string& commands) {
+inline ProgramRun run_in(const TemporaryFolder& folder, const std::string& commands) {
     std::FILE* output = popen(in_folder(folder, "exec 2>&1; " + commands).c_str(), "r");
     ProgramRun run;
     for (int byte = std::fgetc(output); byte != EOF; byte = std::fgetc(output)) {

@@ -43,7 +43,7 @@ TEST(TrackFiles, a_drawing_becomes_road_and_grass_by_its_colours) {
                    colours[i].first + "'/>";
     }
     write_file(folder / "a.svg", drawing("width='100' height='100'", squares));
-    ASSERT_EQ(run(folder, "tarvik-data track build a.svg a.map").text, "");
+    ASSERT_EQ(run_in(folder, "tarvik-data track build a.svg a.map").text, "");
     const std::string map = read_file(folder / "a.map");
     ASSERT_EQ(map.size(), MAP_BYTES);
     for (std::size_t i = 0; i < colours.size(); ++i) {
@@ -61,7 +61,7 @@ TEST(TrackFiles, a_map_comes_back_from_a_preview_the_same_or_with_smooth_edges) 
     for (const std::string arguments :
          {"build a.svg a.map", "preview a.map cells.png --size 10000", "import cells.png cells.map",
           "preview a.map small.png --size 500", "import small.png small.map"}) {
-        ASSERT_EQ(run(folder, "tarvik-data track " + arguments).text, "");
+        ASSERT_EQ(run_in(folder, "tarvik-data track " + arguments).text, "");
     }
     EXPECT_TRUE(read_file(folder / "a.map") == read_file(folder / "cells.map"));
 
@@ -89,7 +89,7 @@ TEST(TrackFiles, bad_inputs_are_refused_in_a_line_and_the_earlier_map_is_kept) {
     write_file(folder / "empty.map", "");
     const std::set<std::string> before = folder.names();
     const auto refused = [&](const std::string& arguments, const std::string& words) {
-        const auto [exit_code, text] = run(folder, "ulimit -f 100; tarvik-data " + arguments);
+        const auto [exit_code, text] = run_in(folder, "ulimit -f 100; tarvik-data " + arguments);
         EXPECT_EQ(exit_code, 1) << arguments;
         EXPECT_THAT(text, testing::StartsWith("tarvik-data: " + words));
         EXPECT_EQ(text.find('\n'), text.size() - 1) << text;
@@ -111,7 +111,7 @@ TEST(TrackFiles, bad_inputs_are_refused_in_a_line_and_the_earlier_map_is_kept) {
     refused("track preview empty.map kept.map --size 0", "--size");
     refused("track check", "TRACK is required");
     refused("", "A subcommand is required");
-    EXPECT_EQ(run(folder, "tarvik-data track check empty.map 2>/dev/null").text, "");
+    EXPECT_EQ(run_in(folder, "tarvik-data track check empty.map 2>/dev/null").text, "");
 }
 
 /// Within a minute.
