@@ -8,6 +8,7 @@
 #include "tests/support/race_test.h"
 
 #include <algorithm>
+#include <sstream>
 
 namespace tarvik::test {
 namespace {
@@ -19,24 +20,22 @@ class Drawing : public RaceTest {
         create_sprite_table();
         install_data({}, {}, archive_of(images));
         load_graphics_archive();
-        clear_frame();
     }
 
-    /// An image of 4 by 4 pixels whose red is 10 * row + column + 1.
-    static Image numbered_image() {
-        Image image = plain_image(30, 4, 0x000007);
-        for (std::size_t i = 0; i < 16; ++i) {
-            image.bytes[i * 3] = static_cast<std::uint8_t>(i / 4 * 10 + i % 4 + 1);
-        }
-        return image;
-    }
-
-    /// Where pixels of (9, 9, 9) are, with nothing but sprite 30 in the frame.
-    static std::string nines(void (*draw)(std::int32_t, std::int32_t, std::int32_t), int at_x,
-                             int at_y) {
-        clear_frame();
+    /// What sprite 30 leaves in a white frame, as "x,y=red ..." in rows from the top.
+    static std::string drawn_by(void (*draw)(std::int32_t, std::int32_t, std::int32_t), int at_x,
+                                int at_y) {
+        std::memset(frame_buffer, 255, frame_bytes());
         draw(at_x, at_y, 30);
-        return pixels_of(0x090909);
+        const Picture picture = drawn_picture();
+        std::ostringstream found;
+        for (int i = 0; i < LOGICAL_WIDTH * LOGICAL_HEIGHT; ++i) {
+            if (const auto pixel = picture.at(i, 0); pixel != WHITE) {
+                found << i % LOGICAL_WIDTH << ',' << i / LOGICAL_WIDTH << '=' << (pixel >> 16U)
+                      << ' ';
+            }
+        }
+        return found.str();
     }
 };
 
@@ -55,68 +54,52 @@ TEST_F(Drawing, StoresTheBottomRowFirstAndDropsWhatIsOutside) {
         plot(at_x, at_y, 255, 255, 255);
     }
     EXPECT_EQ(pixels_of(WHITE), "");
-    plot(319, 239, 255, 256 + 255, 0); // of which the low 8 bits count
-    EXPECT_EQ(pixels_of(YELLOW), "319,239");
+    plot(319, 0, 255, 256 + 255, 255); // of which the low 8 bits count
+    plot(0, 239, 255, 255, 255);
+    EXPECT_EQ(pixels_of(WHITE), "319,0 0,239");
     clear_frame();
-    EXPECT_EQ(pixels_of(YELLOW), "");
+    EXPECT_EQ(pixels_of(WHITE), "");
 }
 
-TEST_F(Drawing, OnlyBlackPixelsOfSpritesAreTransparent) {
-    Image image = plain_image(30, 2, 0x000001);
-    image.bytes[5] = 0; // second pixel black
+TEST_F(Drawing, SpritesAreTransparentWhereBlackAndCutAtTheEdgesOrClampedToThem) {
+    Image image = plain_image(30, 4, 0x000007);
+    for (std::size_t i = 0; i < 16; ++i) { // red is 10 * row + column + 1
+        image.bytes[i * 3] = static_cast<std::uint8_t>(i / 4 * 10 + i % 4 + 1);
+    }
+    std::fill_n(image.bytes.end() - 3, 3, std::uint8_t{0});
     load_images({image});
-    plot(11, 10, 255, 255, 255);
-    draw_sprite(10, 10, 30);
-    EXPECT_EQ(pixels_of(0x000001), "10,10 10,11 11,11");
-    EXPECT_EQ(pixels_of(WHITE), "11,10");
-}
-
-TEST_F(Drawing, SpritesAreCutAtTheEdgesOrClampedToThem) {
-    load_images({numbered_image()});
-    using Reds = std::vector<std::uint32_t>;
-    const auto reds = [](auto draw, int at_x, int at_y,
-                         std::initializer_list<std::pair<int, int>> seen) {
-        clear_frame();
-        draw(at_x, at_y, 30);
-        Reds found;
-        for (const auto& [seen_x, seen_y] : seen) {
-            found.push_back(drawn_picture().at(seen_x, seen_y) >> 16U);
-        }
-        return found;
-    };
-    EXPECT_EQ(reds(draw_sprite, -2, -1, {{0, 0}, {1, 2}, {2, 0}}), (Reds{13, 34, 0}));
-    EXPECT_EQ(reds(draw_sprite_clamped, -2, -1, {{0, 0}, {1, 0}, {0, 2}, {1, 2}}),
-              (Reds{13, 14, 33, 34})); // at 0,0 the last of six pixels that land there
-    EXPECT_EQ(reds(draw_sprite_clamped, 318, 238, {{318, 238}, {319, 239}}), (Reds{1, 12}));
-    // Wholly left of the view, and wholly above it.
-    EXPECT_EQ(reds(draw_sprite_clamped, -100, 50, {{0, 50}, {0, 53}, {1, 50}}), (Reds{4, 34, 0}));
-    EXPECT_EQ(reds(draw_sprite_clamped, 50, -100, {{50, 0}, {50, 1}}), (Reds{31, 0}));
+    for (auto* draw : {draw_sprite, draw_sprite_clamped}) {
+        EXPECT_EQ(drawn_by(draw, -2, -1), "0,0=13 1,0=14 0,1=23 1,1=24 0,2=33 ");
+        EXPECT_EQ(drawn_by(draw, 318, 238), "318,238=1 319,238=2 318,239=11 319,239=12 ");
+    }
+    EXPECT_EQ(drawn_by(draw_sprite_clamped, -100, 50), "0,50=4 0,51=14 0,52=24 0,53=33 ");
+    EXPECT_EQ(drawn_by(draw_sprite_clamped, 50, -100), "50,0=31 51,0=32 52,0=33 53,0=24 ");
 }
 
 TEST_F(Drawing, OddlyShapedSpritesShowOnlyWhatTheyHold) {
     load_images({{30, 4, 1, 1, {9, 9, 9, 9}}}); // one whole pixel
-    EXPECT_EQ(nines(draw_sprite, 0, 0), "0,0");
+    EXPECT_EQ(drawn_by(draw_sprite, 0, 0), "0,0=9 ");
     load_images({{30, 2, 3, 4, std::vector<std::uint8_t>(24, 9)}}); // more than its square
-    EXPECT_EQ(nines(draw_sprite, 0, 0), "0,0 1,0 0,1 1,1");
+    EXPECT_EQ(drawn_by(draw_sprite, 0, 0), "0,0=9 1,0=9 0,1=9 1,1=9 ");
     load_images({{30, -1, -1, 3, {9, 9, 9}}});
+    EXPECT_EQ(drawn_by(draw_sprite, 0, 0), "");
     for (const std::int32_t none : {7, -1, SPRITE_COUNT}) {
         draw_sprite(0, 0, none);
     }
-    EXPECT_EQ(pixels_of(0x090909), "");
-    EXPECT_EQ(nines(draw_sprite, 0, 0), "");
+    EXPECT_EQ(drawn_picture().at(0, 0), WHITE);
 
     constexpr std::int32_t WIDTH = 26754; // whose square just fits the archive's sizes
     constexpr int HELD = WIDTH + 2;       // one row and two pixels
     load_images({{30, WIDTH, WIDTH, 3, std::vector<std::uint8_t>(std::size_t{HELD} * 3, 9)}});
-    EXPECT_EQ(nines(draw_sprite, -WIDTH + 2, 7), "0,7 1,7");
-    EXPECT_EQ(nines(draw_sprite_clamped, -WIDTH + 2, 7), "0,7 1,7 0,8");
-    EXPECT_TRUE(nines(draw_sprite_clamped, -1, -1).ends_with(" 318,0 319,0"));
+    EXPECT_EQ(drawn_by(draw_sprite, -WIDTH + 2, 7), "0,7=9 1,7=9 ");
+    EXPECT_EQ(drawn_by(draw_sprite_clamped, -WIDTH + 2, 7), "0,7=9 1,7=9 0,8=9 ");
+    EXPECT_TRUE(drawn_by(draw_sprite_clamped, -1, -1).ends_with(" 318,0=9 319,0=9 "));
     for (const std::int32_t far : {INT32_MIN, INT32_MAX}) {
-        EXPECT_EQ(nines(draw_sprite, far, far), "");
-        EXPECT_EQ(nines(draw_sprite, far, 0), "");
-        EXPECT_EQ(nines(draw_sprite_clamped, INT32_MAX, far), "");
+        EXPECT_EQ(drawn_by(draw_sprite, far, far), "");
+        EXPECT_EQ(drawn_by(draw_sprite, far, 0), "");
+        EXPECT_EQ(drawn_by(draw_sprite_clamped, INT32_MAX, far), "");
     }
-    EXPECT_EQ(nines(draw_sprite_clamped, 0, INT32_MAX), "");
+    EXPECT_EQ(drawn_by(draw_sprite_clamped, 0, INT32_MAX), "");
 }
 
 TEST_F(Drawing, AFrameStacksTrackCarMarkerTextsGhostsAndPointer) {
@@ -156,17 +139,16 @@ TEST_F(Drawing, GhostsCoverTheTextsAndAMarkerPassedByStaysAtTheViewsEdge) {
 
 TEST_F(Drawing, EveryCellOfTheViewIsPainted) {
     view_x = view_y = 5000;
-    const std::vector<int> grass = {0, 5, 10, 16, 17, 18, 19, 319};
-    for (const int column : grass) {
+    std::vector<std::uint32_t> expected(320, ROAD);
+    for (const int column : {0, 5, 10, 16, 17, 18, 19, 319}) {
+        expected[static_cast<std::size_t>(column)] = GRASS;
         track_grid[5100 * 10000 + 5000 + column] = CELL_OFF_TRACK;
         track_grid[5239 * 10000 + 5000 + column] = CELL_OFF_TRACK;
     }
     race_frame();
     const Picture picture = drawn_picture();
-    for (int column = 0; column < 320; ++column) {
-        const bool is_grass = std::find(grass.begin(), grass.end(), column) != grass.end();
-        EXPECT_EQ(picture.at(column, 100), is_grass ? GRASS : ROAD) << column;
-        EXPECT_EQ(picture.at(column, 239), is_grass ? GRASS : ROAD) << column;
+    for (const int row : {100, 239}) {
+        EXPECT_TRUE(std::equal(expected.begin(), expected.end(), &picture.pixels[row * 320]));
     }
 }
 

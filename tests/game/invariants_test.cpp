@@ -32,7 +32,6 @@ TEST_F(InvariantCheck, NamesEachPlantedFault) {
     expect_named("steer_count", steer_count[PLAYER_SLOT], 41);
     expect_named("steer_history", steer_history[42], 180.0F);
     expect_named("cycle", cycle[PLAYER_SLOT], 990002);
-    expect_named("values of slot", penalty[7], 1.0F);
     expect_named("a ghost buffer in two slots", ghost_x[PLAYER_SLOT], ghost_x[FIRST_GHOST_SLOT]);
     expect_named("ghost entry", ghost_heading[LAST_GHOST_SLOT][1], 0.0F);
     expect_named("view_y", view_y, -1);

@@ -23,11 +23,7 @@ TEST_F(Text, DrawsGlyphsSideBySide) {
     EXPECT_EQ(drawn("A", 0, 0), "1,3 0,4 2,4 0,5 1,5 2,5 0,6 2,6 0,7 2,7");
     EXPECT_EQ(drawn("", 0, 0), "");
     EXPECT_EQ(drawn("AA", 317, 235), "318,238 317,239 319,239"); // cut at the view's edges
-    EXPECT_EQ(drawn("g,", 0, 0), "1,5 0,6 2,6 1,7 2,7 5,7 2,8 4,8 1,9");
-    EXPECT_EQ(drawn("\\", 0, 0), "0,4 1,5"); // no padding
-    EXPECT_EQ(drawn("y", 0, 0), "0,5 2,5 0,6 2,6 1,7 1,8");
-    EXPECT_EQ(drawn("i@:", 0, 0).substr(0, 9), "0,3 4,3 5");
-    EXPECT_TRUE(drawn("Easy.", 0, 0).ends_with(" 18,7 14,8")); // 17 + column 1
+    EXPECT_EQ(drawn("\\", 0, 0), "0,4 1,5");                     // no padding
     EXPECT_EQ(drawn("                          .", 100, 0), "179,7");
 }
 

@@ -76,19 +76,6 @@ void check_laps() {
     expect_in(1, race_number, 2, "race_number");
 }
 
-/// The slots that no car uses, and the ghosts, which live in their buffers alone.
-void check_other_slots() {
-    for (int slot = 0; slot < CAR_SLOTS; ++slot) {
-        for (const float* values : {car_x, car_y, heading, speed, penalty}) {
-            expect(values[slot] == 0.0F || slot == P, "values of slot", slot);
-        }
-        for (const std::int32_t* values :
-             {gear, cycle, last_cycle, best_cycle, frames_since_steer, steer_count}) {
-            expect(values[slot] == 0 || slot == P, "values of slot", slot);
-        }
-    }
-}
-
 void check_ghosts() {
     std::set<const float*> buffers;
     for (float** kind : {ghost_x, ghost_y, ghost_heading}) {
@@ -121,9 +108,6 @@ void check_input() {
     for (const int consumed : {KEY_GEAR_UP, KEY_GEAR_DOWN, VK_F1, VK_F2}) {
         expect(key_down[consumed] == 0, "not consumed: key", consumed);
     }
-    expect_in(0, mouse_x, 0xFFFF, "mouse_x");
-    expect_in(0, mouse_y, 0xFFFF, "mouse_y");
-    expect_in(0, quit_requested, 1, "quit_requested");
 }
 
 } // namespace
@@ -134,7 +118,6 @@ std::string find_fault() {
            TEXT_BUFFER_SIZE);
     check_car();
     check_laps();
-    check_other_slots();
     check_ghosts();
     check_view();
     check_input();

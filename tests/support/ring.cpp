@@ -50,20 +50,6 @@ int wanted_arrow(double x, double y) {
     return off_soon < -TOLERANCE ? VK_LEFT : 0;
 }
 
-/// Changes the arrow that is held, one message at a time.
-void hold_arrow(int wanted) {
-    if (wanted == driver.held_arrow) {
-        return;
-    }
-    if (driver.held_arrow != 0) {
-        release(driver.held_arrow);
-        driver.held_arrow = 0;
-    } else {
-        press(wanted);
-        driver.held_arrow = wanted;
-    }
-}
-
 /// The road on noisy grass.
 std::vector<std::uint8_t> ring_map() {
     std::vector<std::uint8_t> map = plain_map(CELL_OFF_TRACK);
@@ -132,8 +118,12 @@ void drive_ring(std::int32_t wanted_gear) {
     } else if (!driver.holds_up) {
         press(VK_UP);
         driver.holds_up = true;
-    } else {
-        hold_arrow(wanted_arrow(x, y));
+    } else if (const int wanted = wanted_arrow(x, y); driver.held_arrow == 0 && wanted != 0) {
+        press(wanted);
+        driver.held_arrow = wanted;
+    } else if (wanted != driver.held_arrow) { // one message at a time
+        release(driver.held_arrow);
+        driver.held_arrow = 0;
     }
     driver.last_x = x;
     driver.last_y = y;
