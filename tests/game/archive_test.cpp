@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <fstream>
 #include <numeric>
 #include <sys/resource.h>
@@ -81,25 +80,6 @@ TEST_F(Archive, ATruncatedFileKeepsWhatItHeld) {
     }
     EXPECT_EQ(sprite_table[0].pixels[3], 4);
     EXPECT_EQ(sprite_table[0].pixels[4], 0);
-}
-
-TEST_F(Archive, OrdinaryPicturesInEverySlotAreEachReadWholeInOneCall) {
-    constexpr std::size_t SIZE = 128 * 128 * 3;
-    std::vector<Image> images;
-    for (int n = 0; n < SPRITE_COUNT; ++n) {
-        images.push_back(plain_image(n, 128, static_cast<std::uint32_t>(n)));
-    }
-    scripted::recording = true;
-    load(archive_of(images));
-    EXPECT_EQ(std::ranges::count(scripted::calls, "ReadFile " + std::to_string(SIZE) + " null"),
-              SPRITE_COUNT);
-    EXPECT_EQ(scripted::calls.size(), 2U + 4 * SPRITE_COUNT);
-    for (int n = 0; n < SPRITE_COUNT; ++n) {
-        ASSERT_EQ(sprite_table[n].pixel_bytes, SIZE) << n;
-        ASSERT_TRUE(std::equal(images[static_cast<std::size_t>(n)].bytes.begin(),
-                               images[static_cast<std::size_t>(n)].bytes.end(),
-                               sprite_table[n].pixels));
-    }
 }
 
 TEST_F(Archive, AnEnormousPictureIsCutAndTheNextRecordFound) {

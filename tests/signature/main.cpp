@@ -1,14 +1,5 @@
 // tarvik-signature: drives without a display, asking after every frame whether all is as it must
 // be, and prints one number for all that the game did.
-//
-//   tarvik-signature                 prints the signature
-//   tarvik-signature --check FOLDER  compares each drive with FOLDER/NAME.txt as well
-//   tarvik-signature --write FOLDER  writes those files; say in the commit why they changed
-//
-//   tarvik-signature --long random FRAMES [SEED]
-//
-// The last is for hours of play, driven twice over: both times must be the same, and the memory
-// must not have grown.
 #include "game/start_up.h"
 #include "tests/signature/drives.h"
 #include "tests/support/ring.h"
@@ -22,6 +13,16 @@
 namespace {
 
 using namespace tarvik::test;
+
+constexpr const char* USAGE =
+    R"(tarvik-signature                  prints the signature
+tarvik-signature --check FOLDER   compares each drive with FOLDER/NAME.txt as well
+tarvik-signature --write FOLDER   writes those files; say in the commit why they changed
+
+tarvik-signature --long random FRAMES [SEED]
+  For hours of play, driven twice over: both times must be the same, and the memory must not have
+  grown.
+)";
 
 // What a kernel that hands out pages in bundles makes of nothing at all.
 constexpr long STILL_NO_GROWTH = 64;
@@ -43,14 +44,6 @@ bool check(const std::string& file, const std::string& trace) {
     return true;
 }
 
-bool write(const std::string& file, const std::string& trace) {
-    std::ofstream out(file);
-    if (!(out << trace << std::flush)) {
-        std::cout << "cannot write " << file << '\n';
-    }
-    return out.good();
-}
-
 std::uint64_t number_of(const Drive& drive, std::ostream* trace = nullptr) {
     Run run(drive.seed, trace);
     drive.drive(run, drive);
@@ -66,7 +59,7 @@ bool print_signature(const std::string& mode, const std::string& folder) {
         signature = signature * 31 + number_of(drive, &trace);
         const std::string file = folder + "/" + drive.name + ".txt";
         good = (mode != "--check" || check(file, trace.str())) &&
-               (mode != "--write" || write(file, trace.str())) && good;
+               (mode != "--write" || std::ofstream(file) << trace.str() << std::flush) && good;
         first_trace = first_trace.empty() ? trace.str() : first_trace;
     }
     // Once more after all the others: a reset that forgets something shows here.
@@ -117,8 +110,7 @@ int main(int argc, char** argv) {
     const long frames = is_long ? std::atol(argv[3]) : 0;
     const auto seed = static_cast<std::uint32_t>(argc == 5 ? std::atol(argv[4]) : 1);
     if (!is_short && frames <= 0) {
-        std::cerr << "usage: tarvik-signature [--check FOLDER | --write FOLDER |\n"
-                     "                         --long random FRAMES [SEED]]\n";
+        std::cerr << USAGE;
         return 2;
     }
     install_ring_data();
