@@ -121,7 +121,8 @@ void drive_at_random(Run& run, const Drive& plan) {
             if (style == LEFT_RUNNING) { // of the lap only the end
                 cycle[PLAYER_SLOT] = CYCLE_LIMIT - static_cast<std::int32_t>(below(1000));
             }
-        } else if (style == ROUND_THE_RING) {
+        }
+        if (style == ROUND_THE_RING) {
             drive_ring(ring_gear);
         } else if (style == IN_THE_BOX) {
             place(BOX_LEFT + BOX_SIZE / 2, BOX_TOP + BOX_SIZE / 2, 0.0F);
@@ -133,7 +134,8 @@ void drive_at_random(Run& run, const Drive& plan) {
         if (style == STRAIGHT_AWAY) {
             speed[PLAYER_SLOT] = 3.3F;
             if (below(50) == 0) { // thousands of cells from one frame to the next
-                place(below(12000), below(12000), 3.3F);
+                const std::uint32_t x = below(12000); // not as arguments, whose order is open
+                place(x, below(12000), 3.3F);
             }
         }
         run.frame();
