@@ -102,8 +102,8 @@ void check_view() {
 }
 
 void check_input() {
-    for (int key = 0; key < KEY_TABLE_SIZE; ++key) {
-        expect_in(0, key_down[key], 1, "key_down");
+    for (const std::int32_t down : key_down) {
+        expect_in(0, down, 1, "key_down");
     }
     for (const int consumed : {KEY_GEAR_UP, KEY_GEAR_DOWN, VK_F1, VK_F2}) {
         expect(key_down[consumed] == 0, "not consumed: key", consumed);
