@@ -54,7 +54,6 @@ INSTANTIATE_TEST_SUITE_P(
         Mistake{"light_grey_line", "/Road/ s/#3c3c3c/#c0c0c0/",
                 "note: #c0c0c0 counts as grass: lines drawn in it are no road; draw roads in "
                 "#3c3c3c\n"},
-        Mistake{"green_line", "/Road/ s/#3c3c3c/#208020/", "note: #208020 counts as grass"},
         Mistake{"filled_loop", "/Road/ s/none/#000/", "no fill wanted"},
         Mistake{"page_of_another_size",
                 "s/0 0 10000 10000/0 0 5000 5000/\n" + group("transform='scale(.5)'"),
