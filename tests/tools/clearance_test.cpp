@@ -22,7 +22,7 @@ int nearest_grass(TrackView track, int x, int y) {
     return best;
 }
 
-// The wide one is all road, far from whose edges distances end at their largest value.
+// The last is wide and all road; a sample of its distances shows that they end at the largest.
 TEST(Clearance, is_exact_on_random_grids) {
     for (const auto& [side, grass_in_1000] :
          {std::pair(48, 2U), {48, 20U}, {48, 300U}, {48, 900U}, {600, 0U}}) {
