@@ -26,25 +26,23 @@ constexpr std::int32_t MOST = std::numeric_limits<std::int32_t>::max();
 std::int32_t some_size(Input& input) {
     constexpr std::int32_t SIZES[] = {1,     3,     16,      26754,    32768, 37838, 46340,
                                       46341, 65536, 1 << 30, MOST - 1, MOST,  LEAST, -1};
-    switch (input.ConsumeIntegralInRange(0, 3)) {
-    case 0:
-        return input.PickValueInArray(SIZES);
-    case 1:
-        return input.ConsumeIntegral<std::int32_t>();
-    default:
+    const int kind = input.ConsumeIntegralInRange(0, 3);
+    if (kind > 1) {
         return input.ConsumeIntegralInRange(0, 400);
     }
+    return kind == 0 ? input.PickValueInArray(SIZES) : input.ConsumeIntegral<std::int32_t>();
 }
 
+/// One in two is the marker or the pointer, which a frame draws.
 test::Image some_image(Input& input) {
-    test::Image image{input.ConsumeIntegralInRange(0, SPRITE_COUNT - 1),
-                      some_size(input),
-                      input.ConsumeBool() ? some_size(input) : 0,
-                      input.ConsumeBool() ? 3 : some_size(input),
-                      {}};
-    if (image.height == 0) {
-        image.height = image.width;
+    int number = input.ConsumeIntegralInRange(0, SPRITE_COUNT - 1);
+    if (number % 2 == 0) {
+        number = number % 4 == 0 ? START_MARKER_IMAGE : CURSOR_IMAGE;
     }
+    const std::int32_t width = some_size(input);
+    const std::int32_t height = input.ConsumeBool() ? some_size(input) : width;
+    const std::int32_t depth = input.ConsumeBool() ? 3 : some_size(input);
+    test::Image image{number, width, height, depth, {}};
     const auto some =
         input.ConsumeBytes<std::uint8_t>(input.ConsumeIntegralInRange<std::size_t>(0, 300));
     const auto count = input.ConsumeIntegral<std::uint16_t>();
@@ -70,36 +68,6 @@ std::vector<std::uint8_t> some_archive(Input& input) {
     return bytes;
 }
 
-std::int32_t product(const Sprite& sprite) {
-    return static_cast<std::int32_t>(static_cast<std::uint32_t>(sprite.width) *
-                                     static_cast<std::uint32_t>(sprite.height) *
-                                     static_cast<std::uint32_t>(sprite.bytes_per_pixel));
-}
-
-void load(std::vector<std::uint8_t> archive) {
-    const std::size_t file_bytes = archive.size();
-    scripted::memory_files["data/graphics.dat"].bytes = std::move(archive);
-    release_sprite_table();
-    create_sprite_table();
-    load_graphics_archive();
-    std::size_t held = 0;
-    std::size_t pictures = 0;
-    for (int n = 0; n < SPRITE_COUNT; ++n) {
-        const Sprite& sprite = sprite_table[n];
-        const auto claimed = static_cast<std::size_t>(std::max(product(sprite), 0));
-        require((sprite.pixels != nullptr) == (claimed > 0), "pixels of an empty sprite");
-        require(sprite.pixel_bytes <= claimed, "more pixels than claimed");
-        held += sprite.pixel_bytes;
-        pictures += sprite.pixels != nullptr ? 1 : 0;
-    }
-    // Each may be rounded up to a whole pixel.
-    require(held <= std::min(MAX_PIXEL_BYTES, file_bytes) + 3 * pictures, "more held than read");
-}
-
-std::int64_t pixels_held(const Sprite& sprite) {
-    return static_cast<std::int64_t>(sprite.pixel_bytes / 3);
-}
-
 /// Draws pixel by pixel, in the order of the file, into a picture of words, and compares.
 void compare_drawing(DrawSprite draw, std::int32_t x, std::int32_t y, std::int32_t n) {
     clear_frame();
@@ -107,8 +75,9 @@ void compare_drawing(DrawSprite draw, std::int32_t x, std::int32_t y, std::int32
 
     std::vector<std::uint32_t> expected(std::size_t{LOGICAL_WIDTH} * LOGICAL_HEIGHT, test::BLACK);
     const Sprite& sprite = sprite_table[n];
+    const auto held = static_cast<std::int64_t>(sprite.pixel_bytes / 3);
     const std::int64_t least = draw == draw_sprite_clamped ? 0 : LEAST;
-    for (std::int64_t i = 0; i < pixels_held(sprite) && i / sprite.width < sprite.width; ++i) {
+    for (std::int64_t i = 0; i < held && i / sprite.width < sprite.width; ++i) {
         const std::uint8_t* pixel = sprite.pixels + 3 * i;
         const std::uint32_t colour =
             std::uint32_t{pixel[0]} << 16U | std::uint32_t{pixel[1]} << 8U | pixel[2];
@@ -128,24 +97,20 @@ std::vector<std::int32_t> places(std::int32_t view, std::int32_t side) {
             view - side, view - 1,  view,  2392,  65535,    MOST - side, MOST};
 }
 
-void draw_at_all_edges(std::int32_t n) {
-    const std::int32_t side = std::clamp(sprite_table[n].width, 1, 1 << 20);
-    for (const std::int32_t x : places(LOGICAL_WIDTH, side)) {
-        for (const std::int32_t y : places(LOGICAL_HEIGHT, side)) {
-            draw_sprite(x, y, n);
-            draw_sprite_clamped(x, y, n);
-        }
-    }
-}
-
 void draw_sprites(Input& input) {
     std::int64_t left = 20000; // pixels of sprites, so that no input takes long
     for (std::int32_t n = 0; n < SPRITE_COUNT; ++n) {
         if (sprite_table[n].width <= 0 || left < 0) {
             continue;
         }
-        left -= pixels_held(sprite_table[n]) + 1000;
-        draw_at_all_edges(n);
+        left -= static_cast<std::int64_t>(sprite_table[n].pixel_bytes / 3 + 1000);
+        const std::int32_t side = std::min(sprite_table[n].width, 1 << 20);
+        for (const std::int32_t x : places(LOGICAL_WIDTH, side)) {
+            for (const std::int32_t y : places(LOGICAL_HEIGHT, side)) {
+                draw_sprite(x, y, n);
+                draw_sprite_clamped(x, y, n);
+            }
+        }
         const auto place = [&] {
             return input.ConsumeBool() ? input.ConsumeIntegralInRange(-400, 400)
                                        : input.ConsumeIntegral<std::int32_t>();
@@ -166,7 +131,10 @@ void draw_sprites(Input& input) {
 void play(Input& input) {
     mouse_x = input.ConsumeIntegral<std::uint16_t>();
     mouse_y = input.ConsumeIntegral<std::uint16_t>();
-    load(some_archive(input));
+    scripted::memory_files["data/graphics.dat"].bytes = some_archive(input);
+    release_sprite_table();
+    create_sprite_table();
+    load_graphics_archive();
     draw_sprites(input);
     run_frame();
 }

@@ -1,18 +1,14 @@
 // Whole frames on a hostile track: any messages, any keys, the car anywhere that driving can bring
-// it, all switches, maps of any length, sprites of any claim under the marker and the pointer.
+// it, all switches, maps of any length.
 #include "platform/driver.h"
 #include "platform/scripted/scripted.h"
 #include "race/laps.h"
 #include "race/race_state.h"
 #include "race/random.h"
 #include "race/track_grid.h"
-#include "render/graphics_archive.h"
-#include "render/presentation.h"
-#include "render/sprite.h"
-#include "render/sprite_drawing.h"
 #include "shell/input.h"
 #include "tests/fuzz/fuzz_game.h"
-#include "tests/support/program.h"
+#include "tests/support/picture.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,7 +19,7 @@ namespace tarvik::fuzz {
 namespace {
 
 constexpr int FRAMES = 48;        // of an input, at most
-constexpr int TRACK_SWITCHES = 2; // likewise; each refills 240 MB
+constexpr int SWITCH_FRAMES = 24; // that a track switch counts for, as it takes much longer
 
 constexpr WPARAM GAME_KEYS[] = {VK_UP, VK_DOWN, VK_LEFT, VK_RIGHT, 'A',   'Z',
                                 '1',   '2',     '3',     VK_F1,    VK_F2, VK_ESCAPE};
@@ -37,16 +33,16 @@ float coordinate(Input& input) {
     constexpr float BORDERS[] = {0.0F, 10000.0F};
     constexpr float PLACES[] = {160.0F, 9840.0F, 9880.0F, BOX_TOP + BOX_SIZE, -FARTHEST / 2};
     constexpr float NEAR = 14.0F; // more than the car's size
-    switch (input.ConsumeIntegralInRange(0, 4)) {
-    case 0:
+    const int kind = input.ConsumeIntegralInRange(0, 4);
+    if (kind == 0) {
         return input.ConsumeFloatingPointInRange(0.0F, 9999.99F);
-    case 1:
-        return input.ConsumeFloatingPointInRange(-FARTHEST, FARTHEST);
-    case 2:
-        return input.PickValueInArray(PLACES) + input.ConsumeFloatingPointInRange(-NEAR, NEAR);
-    default:
-        return input.PickValueInArray(BORDERS) + input.ConsumeFloatingPointInRange(-NEAR, NEAR);
     }
+    if (kind == 1) {
+        return input.ConsumeFloatingPointInRange(-FARTHEST, FARTHEST);
+    }
+    const float place =
+        kind == 2 ? input.PickValueInArray(PLACES) : input.PickValueInArray(BORDERS);
+    return place + input.ConsumeFloatingPointInRange(-NEAR, NEAR);
 }
 
 void place_car(Input& input) {
@@ -79,12 +75,16 @@ void set_lap(Input& input) {
     best_cycle[p] = input.ConsumeIntegralInRange(301, BEST_CYCLE_NONE);
 }
 
-void paint_something(Input& input) {
-    const auto x = static_cast<std::int32_t>(coordinate(input));
-    const auto y = static_cast<std::int32_t>(coordinate(input));
-    const std::int32_t width = input.ConsumeIntegral<std::uint8_t>();
-    const std::int32_t height = input.ConsumeIntegral<std::uint8_t>();
-    paint(x, y, width, height, input.ConsumeIntegral<std::uint8_t>());
+void paint(Input& input) {
+    const auto left = static_cast<std::int32_t>(coordinate(input));
+    const auto top = static_cast<std::int32_t>(coordinate(input));
+    const std::int32_t right = std::min(left + input.ConsumeIntegral<std::uint8_t>(), TRACK_WIDTH);
+    const std::int32_t bottom = std::min(top + input.ConsumeIntegral<std::uint8_t>(), TRACK_HEIGHT);
+    const auto value = input.ConsumeIntegral<std::uint8_t>();
+    const std::int32_t first = std::max(left, 0);
+    for (std::int32_t y = std::max(top, 0); y < bottom && first < right; ++y) {
+        std::ranges::fill(changing_cells(y * TRACK_WIDTH + first, right - first), value);
+    }
 }
 
 /// Seldom the length of a whole map, which takes as long as a hundred frames.
@@ -97,58 +97,17 @@ std::size_t map_length(Input& input) {
                                                     : input.ConsumeIntegral<std::uint16_t>();
 }
 
-scripted::File& put_map_file(Input& input, const char* name) {
+/// Returns its name.
+const char* put_map_file(Input& input) {
+    const char* name = input.ConsumeBool() ? "data/race1.map" : "data/race2.map";
     scripted::File& file = scripted::memory_files[name];
     file.bytes = input.ConsumeBytes<std::uint8_t>(input.ConsumeIntegralInRange<std::size_t>(0, 64));
     file.bytes.resize(map_length(input), input.ConsumeIntegral<std::uint8_t>());
     file.read_only = input.ConsumeIntegralInRange(0, 7) == 0;
     scripted::memory_folder_exists = input.ConsumeIntegralInRange(0, 7) != 0;
-    mark_loaded(file.bytes.size());
-    return file;
-}
-
-/// By itself or by the race's keys. The grid has to have the file's cells from the first one on,
-/// then those that were there before.
-void load_map(Input& input) {
-    const bool second = input.ConsumeBool();
-    const scripted::File& file = put_map_file(input, second ? "data/race2.map" : "data/race1.map");
-    if (input.ConsumeIntegralInRange(0, 7) == 1) {
-        std::int32_t& key = key_down[second ? VK_OEM_6 : VK_OEM_4];
-        key = 1;
-        run_frame();
-        key = 0;
-        require(race_number == (second ? 2 : 1), "not the track that was asked for");
-    } else {
-        load_track_map(second ? ".\\data\\race2.map" : ".\\data\\race1.map");
-    }
-    const bool is_readable = !file.read_only && scripted::memory_folder_exists;
-    const std::size_t loaded =
-        is_readable ? std::min<std::size_t>(file.bytes.size(), TRACK_MAP_BYTES) : 0;
-    const std::size_t after = std::min<std::size_t>(TRACK_MAP_BYTES - loaded, 1000000);
-    require(std::equal(track_grid, track_grid + loaded, file.bytes.begin()),
-            "cells differ from the file's");
-    const std::uint8_t* rest = base_map().data() + loaded;
-    require(std::equal(rest, rest + after, track_grid + loaded),
-            "cells after the file's end have changed");
-}
-
-test::Image some_image(Input& input, int number) {
-    const auto size = [&] {
-        return input.ConsumeBool() ? input.ConsumeIntegralInRange(1, 40)
-                                   : input.ConsumeIntegral<std::int32_t>();
-    };
-    test::Image image{number, size(), size(), size(), {}};
-    image.bytes.assign(input.ConsumeIntegral<std::uint16_t>(),
-                       input.ConsumeIntegral<std::uint8_t>());
-    return image;
-}
-
-void load_sprites(Input& input) {
-    scripted::memory_files["data/graphics.dat"].bytes =
-        test::archive_of({some_image(input, START_MARKER_IMAGE), some_image(input, CURSOR_IMAGE)});
-    release_sprite_table();
-    create_sprite_table();
-    load_graphics_archive();
+    const std::size_t cells = std::min<std::size_t>(file.bytes.size(), TRACK_MAP_BYTES);
+    changing_cells(0, static_cast<std::int32_t>(cells));
+    return name;
 }
 
 void post_any_message(Input& input) {
@@ -170,67 +129,46 @@ void switch_track(Input& input) {
     }
 }
 
-/// What happens before the next frame.
-void act(Input& input) {
-    switch (input.ConsumeIntegralInRange(0, 15)) {
-    case 0:
-        return post_any_message(input);
-    case 1:
-        return post_message(WM_MOUSEMOVE, 0, input.ConsumeIntegral<LPARAM>());
-    case 2:
-        return scripted::hold_key(input.ConsumeIntegral<std::uint8_t>(), input.ConsumeBool());
-    case 3:
-        return place_car(input);
-    case 4:
-        return set_steering(input);
-    case 5:
-        return set_lap(input);
-    case 6:
-        return paint_something(input);
-    case 7:
-        put_map_file(input, input.ConsumeBool() ? "data/race1.map" : "data/race2.map");
-        return;
-    case 8:
-        return switch_track(input);
-    case 9:
-    case 10:
-        return post_message(WM_KEYUP, input.PickValueInArray(GAME_KEYS), 0);
-    default:
-        return post_message(WM_KEYDOWN, input.PickValueInArray(GAME_KEYS), 0);
-    }
+void press_game_key(Input& input) {
+    post_message(WM_KEYDOWN, input.PickValueInArray(GAME_KEYS), 0);
 }
 
-void drive(Input& input) {
-    int switches = 0;
-    for (int frame = 0; frame < FRAMES && quit_requested == 0 && switches < TRACK_SWITCHES &&
-                        input.remaining_bytes() > 0;) {
-        act(input);
-        for (int count = input.ConsumeIntegralInRange(0, 3); count > 0 && quit_requested == 0;
-             --count, ++frame) {
-            run_frame();
-            if (is_down(VK_OEM_4) || is_down(VK_OEM_6)) {
-                ++switches;
-                break;
-            }
-        }
-    }
+void release_game_key(Input& input) {
+    post_message(WM_KEYUP, input.PickValueInArray(GAME_KEYS), 0);
 }
+
+/// What may happen before a frame, unless a key is pressed.
+constexpr void (*ACTS[])(Input&) = {
+    post_any_message,
+    [](Input& input) { post_message(WM_MOUSEMOVE, 0, input.ConsumeIntegral<LPARAM>()); },
+    [](Input& input) {
+        scripted::hold_key(input.ConsumeIntegral<std::uint8_t>(), input.ConsumeBool());
+    },
+    place_car,
+    set_steering,
+    set_lap,
+    paint,
+    [](Input& input) { put_map_file(input); },
+    switch_track,
+    release_game_key,
+    release_game_key};
 
 } // namespace
 
 void play(Input& input) {
     tarvik::srand(input.ConsumeIntegral<std::uint32_t>());
     difficulty = input.ConsumeIntegralInRange(EASY, ADVANCED);
-    if (input.ConsumeIntegralInRange(0, 3) == 0) {
-        load_sprites(input);
-    }
     if (input.ConsumeIntegralInRange(0, 3) == 1) {
-        load_map(input);
+        load_track_map(put_map_file(input));
     }
-    drive(input);
-    if (quit_requested != 0) { // as the program ends
-        clear_frame();
-        present_frame();
+    for (int left = FRAMES; left > 0 && quit_requested == 0 && input.remaining_bytes() > 0;) {
+        const auto act = input.ConsumeIntegralInRange<std::size_t>(0, 15);
+        (act < std::size(ACTS) ? ACTS[act] : press_game_key)(input);
+        for (int count = input.ConsumeIntegralInRange(0, 3);
+             count > 0 && left > 0 && quit_requested == 0; --count) {
+            run_frame();
+            left -= is_down(VK_OEM_4) || is_down(VK_OEM_6) ? SWITCH_FRAMES : 1;
+        }
     }
     test::drawn_picture(); // throws if a logical pixel is not of one colour
 }

@@ -17,13 +17,13 @@
 #include <cstdlib>
 #include <ctime>
 #include <fuzzer/FuzzedDataProvider.h>
-#include <span>
+#include <vector>
 
 namespace tarvik::fuzz {
 
 namespace {
 
-/// Cells of the grid that may no longer be as in the base map.
+/// Cells of the grid that may no longer be as they were.
 std::vector<std::span<std::uint8_t>> changed_cells;
 
 /// Entries of the ghost laps that were recorded.
@@ -31,14 +31,20 @@ std::vector<std::int32_t> recorded_entries;
 
 long frames_driven = 0;
 
-void restore_grid() {
-    for (const std::span<std::uint8_t> cells : changed_cells) {
-        std::copy_n(base_map().data() + (cells.data() - track_grid), cells.size(), cells.data());
-    }
-    changed_cells.clear();
+/// Start and start/finish box are road.
+std::uint8_t first_cell(std::size_t index) {
+    constexpr std::size_t FIELD = 128; // cells to a side
+    const std::size_t field = index % TRACK_WIDTH / FIELD * 7 + index / TRACK_WIDTH / FIELD * 3;
+    return field % 5 == 1 ? CELL_OFF_TRACK : 0;
 }
 
-void restore_ghosts() {
+void restore_grid_and_ghosts() {
+    for (const std::span<std::uint8_t> cells : changed_cells) {
+        for (std::uint8_t& cell : cells) {
+            cell = first_cell(static_cast<std::size_t>(&cell - track_grid));
+        }
+    }
+    changed_cells.clear();
     for (const std::int32_t entry : recorded_entries) {
         for (int slot = PLAYER_SLOT; slot <= LAST_GHOST_SLOT; ++slot) {
             ghost_x[slot][entry] = GHOST_NOWHERE;
@@ -49,23 +55,18 @@ void restore_ghosts() {
     recorded_entries.clear();
 }
 
-void restore_input() {
+void reset_game() {
+    restore_grid_and_ghosts();
     MSG message;
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
     }
     for (int key = 0; key < KEY_TABLE_SIZE; ++key) {
         scripted::hold_key(key, false);
+        key_down[key] = 0;
     }
-    std::fill_n(key_down, KEY_TABLE_SIZE, 0);
     mouse_x = 0;
     mouse_y = 0;
     quit_requested = 0;
-}
-
-void reset_game() {
-    restore_grid();
-    restore_ghosts();
-    restore_input();
     scripted::memory_files.clear();
     scripted::memory_folder_exists = true;
     reset_car();
@@ -87,33 +88,8 @@ void require(bool holds, const std::string& what) {
     }
 }
 
-const std::vector<std::uint8_t>& base_map() {
-    static const std::vector<std::uint8_t> map = [] {
-        constexpr std::size_t FIELD = 128; // cells to a side
-        std::vector<std::uint8_t> cells(TRACK_MAP_BYTES);
-        for (std::size_t i = 0; i < cells.size(); ++i) {
-            const std::size_t field = i % TRACK_WIDTH / FIELD * 7 + i / TRACK_WIDTH / FIELD * 3;
-            cells[i] = field % 5 == 1 ? CELL_OFF_TRACK : 0; // start and start/finish box are road
-        }
-        return cells;
-    }();
-    return map;
-}
-
-void paint(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height,
-           std::uint8_t value) {
-    const std::int32_t right = std::min(left + width, TRACK_WIDTH);
-    const std::int32_t bottom = std::min(top + height, TRACK_HEIGHT);
-    left = std::max(left, 0);
-    for (std::int32_t y = std::max(top, 0); y < bottom && left < right; ++y) {
-        std::uint8_t* row = track_grid + static_cast<std::ptrdiff_t>(y) * TRACK_WIDTH;
-        std::fill(row + left, row + right, value);
-        changed_cells.emplace_back(row + left, row + right);
-    }
-}
-
-void mark_loaded(std::size_t cells) {
-    changed_cells.emplace_back(track_grid, std::min<std::size_t>(cells, TRACK_MAP_BYTES));
+std::span<std::uint8_t> changing_cells(std::int32_t first, std::int32_t count) {
+    return changed_cells.emplace_back(track_grid + first, static_cast<std::size_t>(count));
 }
 
 void run_frame() {
@@ -140,7 +116,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
     scripted::use_memory_files = true;
     start_up();
     clear_frame();
-    mark_loaded(TRACK_MAP_BYTES);
+    changing_cells(0, TRACK_WIDTH * TRACK_HEIGHT);
     std::atexit([] { std::fprintf(stderr, "frames driven: %ld\n", frames_driven); });
     return 0;
 }

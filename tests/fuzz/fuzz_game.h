@@ -3,8 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
-#include <vector>
 
 class FuzzedDataProvider; // of libFuzzer, which only clang has
 
@@ -13,18 +13,11 @@ namespace tarvik::fuzz {
 using Input = FuzzedDataProvider;
 
 /// What the fuzzer does with an input. It finds no key down, the car at the start, difficulty
-/// "Advanced", track 1, no files and the grid as in `base_map`.
+/// "Advanced", track 1, no files and a grid that is mostly road, with fields of grass everywhere.
 void play(Input& input);
 
-/// TRACK_MAP_BYTES cells, mostly road, with fields of grass everywhere.
-const std::vector<std::uint8_t>& base_map();
-
-/// Sets a rectangle of the grid, as far as it lies inside, until the next input.
-void paint(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height,
-           std::uint8_t value);
-
-/// Says that the first `cells` cells of the grid may have changed.
-void mark_loaded(std::size_t cells);
+/// Cells of the grid that the input may change: they are put back before the next one.
+std::span<std::uint8_t> changing_cells(std::int32_t first, std::int32_t count);
 
 /// One race_frame. Ends the program if an invariant does not hold after it, or if it took more
 /// than a second of processor time.
