@@ -19,7 +19,7 @@ namespace tarvik::fuzz {
 namespace {
 
 constexpr int FRAMES = 48;        // of an input, at most
-constexpr int SWITCH_FRAMES = 24; // that a track switch counts for, as it takes much longer
+constexpr int SWITCH_FRAMES = 24; // what a track switch counts for, as it takes so long
 
 constexpr WPARAM GAME_KEYS[] = {VK_UP, VK_DOWN, VK_LEFT, VK_RIGHT, 'A',   'Z',
                                 '1',   '2',     '3',     VK_F1,    VK_F2, VK_ESCAPE};
@@ -137,7 +137,7 @@ void release_game_key(Input& input) {
     post_message(WM_KEYUP, input.PickValueInArray(GAME_KEYS), 0);
 }
 
-/// What may happen before a frame, unless a key is pressed.
+/// What may happen before a frame if no game key is pressed.
 constexpr void (*ACTS[])(Input&) = {
     post_any_message,
     [](Input& input) { post_message(WM_MOUSEMOVE, 0, input.ConsumeIntegral<LPARAM>()); },
