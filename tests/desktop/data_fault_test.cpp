@@ -1,8 +1,6 @@
 // Whatever is there instead of the data, the game starts, plays on without it, and ends.
 #include "tests/desktop/play_fixture.h"
 
-#include <fstream>
-
 namespace tarvik {
 
 namespace {
@@ -74,9 +72,8 @@ TEST_P(DataFault, LeavesGrassToDriveOn) {
         GTEST_SKIP() << "the system refuses this";
     }
     ASSERT_TRUE(player_.finds_game_with(GRASS_COLOUR, BARE_PLACE.x, BARE_PLACE.y));
-    player_.watch_pictures();
     player_.tap(XK_bracketright);
-    ASSERT_TRUE(player_.waits_until([this] { return player_.count_pictures() >= 20; }));
+    ASSERT_TRUE(player_.sees_pictures(20));
     EXPECT_EQ(player_.look_at(BARE_PLACE), Pixels{GRASS_COLOUR});
     const Command check = {"sh", "-c", GetParam().holds_later};
     EXPECT_EQ(ChildProcess(check, {.folder = folder_}).wait(), 0);
@@ -87,7 +84,7 @@ INSTANTIATE_TEST_SUITE_P(Desktop, DataFault, testing::ValuesIn(FAULTS),
 
 // The bracket key, held, loads a track in every frame while somebody cuts and fills the files.
 TEST_F(Play, FilesMayShrinkAndGrowWhileTheyAreRead) {
-    std::ofstream(folder_ / "data/race2.map").close();
+    write_file(folder_ / "data/race2.map", "");
     const ChildProcess cutter({"perl", "-e", R"(while (1) {
             for $size (rand 1000, 100_000_000) {
                 truncate "data/$_", $size for ("race2.map", "graphics.dat");
@@ -97,9 +94,8 @@ TEST_F(Play, FilesMayShrinkAndGrowWhileTheyAreRead) {
                               {.folder = folder_});
     start_game(server_.display());
     ASSERT_TRUE(player_.finds_game_with(ROAD_COLOUR, BARE_PLACE.x, BARE_PLACE.y));
-    player_.watch_pictures();
     player_.press(XK_bracketright);
-    EXPECT_TRUE(player_.waits_until([this] { return player_.count_pictures() >= 60; }));
+    EXPECT_TRUE(player_.sees_pictures(60));
 }
 
 } // namespace tarvik

@@ -7,7 +7,6 @@
 #include "tests/desktop/player.h"
 #include "tests/desktop/x_server.h"
 
-#include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
@@ -29,11 +28,9 @@ inline constexpr int MARKER_SIZE = 16;
 inline constexpr Area MARKER_AT_START = {304 + MARKER_SIZE, 64 + MARKER_SIZE, 1, 1};
 inline constexpr int POINTER_SIZE = 4;
 
-/// The rate at which the window shows frames in the second that begins now.
-double pictures_in_a_second(Player& player);
-
-/// Puts the game's data into a folder: a track that is road everywhere, marker and pointer.
-void make_data(const std::filesystem::path& folder);
+/// The frames that the window shows in the best second of a minute, which ends with the first good
+/// one: a busy machine can make the game slower, but nothing may make it faster.
+double best_rate(Player& player);
 
 class PlayTest : public testing::Test {
   protected:
@@ -52,11 +49,13 @@ class PlayTest : public testing::Test {
     /// another part of the track.
     void start_race(const Command& command = {}, const Environment& further_environment = {});
 
-    static std::string read(const std::filesystem::path& path);
+    /// Runs a command to its end and returns what it prints; the running test fails if the command
+    /// does.
+    static std::string output_of(const Command& command);
 
     XServer server_;
     Player player_{server_.display()};
-    std::filesystem::path folder_ = make_folder("play");
+    TemporaryFolder folder_; ///< with data: all is road, with a marker and a pointer
     std::unique_ptr<ChildProcess> game_;
     int expected_exit_code_ = 0; ///< other than 0: with words on standard error
 };

@@ -61,11 +61,14 @@ void Player::find_window(const char* title) {
 }
 
 bool Player::finds_game_with(unsigned long colour, int x, int y, const char* title) {
-    return waits_until([&] {
+    const bool found = waits_until([&] {
         read_events();
         find_window(title);
         return window_ != None && look_at({x, y, 1, 1}) == Pixels{colour};
     });
+    XDamageDestroy(display_, damage_);
+    damage_ = XDamageCreate(display_, window_, XDamageReportRawRectangles);
+    return found;
 }
 
 int Player::count_shown_windows() {
@@ -147,16 +150,14 @@ void Player::ask_to_close() const {
     XSync(display_, False);
 }
 
-void Player::watch_pictures() {
-    XDamageCreate(display_, window_, XDamageReportRawRectangles);
-    XSync(display_, False);
-    read_events();
-    pictures_ = 0;
-}
-
 int Player::count_pictures() {
     read_events();
     return pictures_;
+}
+
+bool Player::sees_pictures(int count) {
+    const int enough = count_pictures() + count;
+    return waits_until([&] { return count_pictures() >= enough; });
 }
 
 void Player::read_events() {

@@ -88,15 +88,18 @@ class Player {
     /// Sends what a window manager's close button does.
     void ask_to_close() const;
 
-    /// From here on counts the frames that the window shows.
-    void watch_pictures();
+    /// Number of frames that the window has shown since it was found.
     int count_pictures();
+
+    /// Waits until the window has shown so many more.
+    bool sees_pictures(int count);
 
   private:
     Display* display_;
     Window window_ = None;
     int shown_windows_ = 0;
     int pictures_ = 0;
+    XID damage_ = None; ///< reports the window's frames
     int damage_event_ = 0;
 
     void read_events();

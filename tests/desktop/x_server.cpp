@@ -4,15 +4,10 @@
 #include "tests/desktop/player.h"
 
 #include <csignal>
-#include <fstream>
-#include <stdexcept>
-
-#include <stdlib.h>
 
 namespace tarvik {
 
-XServer::XServer(const std::vector<std::string>& further_arguments)
-    : folder_(make_folder("display")) {
+XServer::XServer(const std::vector<std::string>& further_arguments) {
     const std::string screen = std::to_string(WIDTH) + "x" + std::to_string(HEIGHT) + "x24";
     std::vector<std::string> command = {"Xvfb", "-displayfd", "1",   "-screen", "0",
                                         screen, "-nolisten",  "tcp", "-noreset"};
@@ -36,13 +31,6 @@ XServer::~XServer() {
         server_->send(SIGTERM);
         server_->wait(std::chrono::milliseconds(100));
     }
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
-}
-
-std::filesystem::path make_folder(const std::string& name) {
-    std::string pattern = std::filesystem::temp_directory_path() / ("tarvik-" + name + "-XXXXXX");
-    return mkdtemp(pattern.data());
 }
 
 } // namespace tarvik

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tests/desktop/child_process.h"
+#include "tests/support/temporary_folder.h"
 
 namespace tarvik {
 
@@ -22,12 +23,9 @@ class XServer {
     }
 
   private:
-    std::filesystem::path folder_;
+    TemporaryFolder folder_;
     std::optional<ChildProcess> server_;
     std::string display_;
 };
-
-/// A new empty folder below the tests' temporary folder.
-std::filesystem::path make_folder(const std::string& name);
 
 } // namespace tarvik

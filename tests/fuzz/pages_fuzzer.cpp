@@ -1,6 +1,6 @@
 // Drawings and pictures of any content: as tracks, of which a few bands of the map are drawn, and
 // as sprites.
-#include "tests/tools/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 #include "tools/data/page.h"
 #include "tools/data/picture_archive.h"
 #include "tools/files/failure.h"

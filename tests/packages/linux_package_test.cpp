@@ -2,8 +2,6 @@
 // web is the page that tests/web plays; only its licences are looked at here.
 #include "tests/packages/package_fixture.h"
 
-#include <fstream>
-
 namespace tarvik {
 
 namespace {
@@ -34,9 +32,9 @@ class LinuxPackage : public PackageTest {
         expected_exit_code_ = 1;
         start(script, display);
         EXPECT_EQ(game_->wait(), 1);
-        const std::string words = read(folder_ / "errors");
+        const std::string words = read_file(folder_ / "errors");
         EXPECT_THAT(words, HasSubstr(why));
-        EXPECT_EQ(read(folder_ / "zenity-says"), words);
+        EXPECT_EQ(read_file(folder_ / "zenity-says"), words);
     }
 
     const fs::path home_ = folder_ / "home";
@@ -57,8 +55,8 @@ TEST_F(LinuxPackage, StartsFromAnyFolderAndThroughALinkAndCopiesNothing) {
 TEST_F(LinuxPackage, NamesWhatIsMissing) {
     const fs::path zenity = folder_ / "bin/zenity";
     fs::create_directory(folder_ / "bin");
-    std::ofstream(zenity) << "#!/bin/sh\nfor last; do :; done; echo \"$last\" >"
-                          << folder_ / "zenity-says";
+    write_file(zenity, "#!/bin/sh\nfor last; do :; done; echo \"$last\" >'" +
+                           (folder_ / "zenity-says").string() + "'\n");
     fs::permissions(zenity, fs::perms(0755));
 
     const fs::path folder = unpack(TARVIK_LINUX_PACKAGE);
@@ -77,7 +75,7 @@ TEST_F(LinuxPackage, GoesIntoTheMenu) {
     const fs::path folder = unpack(TARVIK_LINUX_PACKAGE);
     output_of({"env", "XDG_DATA_HOME=" + home_.string(), folder / "add-to-menu"});
     const std::string icon = folder / "icons/tarvik-256.png";
-    EXPECT_THAT(read(home_ / "applications/tarvik.desktop"),
+    EXPECT_THAT(read_file(home_ / "applications/tarvik.desktop"),
                 AllOf(HasSubstr("\nExec=\"" + (folder / "tarvik").string() + "\"\n"),
                       HasSubstr("\nIcon=" + icon + "\n")));
     EXPECT_TRUE(fs::exists(icon));

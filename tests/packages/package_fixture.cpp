@@ -1,18 +1,7 @@
 // Unpacking a package and looking at its game.
 #include "tests/packages/package_fixture.h"
 
-#include <algorithm>
-
 namespace tarvik {
-
-std::string PackageTest::output_of(const Command& command) {
-    const std::filesystem::path folder = make_folder("output");
-    ChildProcess process(command, {.output = folder / "output"});
-    EXPECT_EQ(process.wait(std::chrono::minutes(2)), 0) << command.front();
-    std::string output = read(folder / "output");
-    std::filesystem::remove_all(folder);
-    return output;
-}
 
 std::filesystem::path PackageTest::unpack(const std::string& package) {
     const std::filesystem::path file = std::filesystem::path(TARVIK_PACKAGES) / package;
@@ -35,7 +24,7 @@ Pixels PackageTest::frame_at_start() {
     EXPECT_TRUE(player_.waits_until([&] {
         frame = player_.look_at(WINDOW);
         return !frame.empty() && frame == fitted(frame, WINDOW.width, WINDOW.height);
-    })) << read(folder_ / "errors");
+    })) << read_file(folder_ / "errors");
     return frame;
 }
 

@@ -12,10 +12,6 @@ inline constexpr unsigned long GATE_COLOUR = 0xE02020;
 
 class PackageTest : public PlayTest {
   protected:
-    /// Runs a command to its end and returns what it prints; the running test fails if the command
-    /// does.
-    static std::string output_of(const Command& command);
-
     /// Unpacks a package into the test's folder, below a folder with a blank in its name.
     std::filesystem::path unpack(const std::string& package);
 

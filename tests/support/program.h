@@ -1,6 +1,7 @@
 // The whole game, from WinMain to its end, driven by a script.
 #pragma once
 
+#include "tests/support/archive.h"
 #include "tests/support/picture.h"
 
 #include <cstdint>
@@ -26,19 +27,6 @@ void release(int virtual_key);
 
 /// A map in memory: TRACK_MAP_BYTES cells of `value`.
 std::vector<std::uint8_t> plain_map(std::uint8_t value);
-
-/// An archive with an image for each given sprite number; all others are empty.
-struct Image {
-    int number;
-    std::int32_t width;
-    std::int32_t height;
-    std::int32_t bytes_per_pixel;
-    std::vector<std::uint8_t> bytes;
-};
-std::vector<std::uint8_t> archive_of(const std::vector<Image>& images);
-
-/// A square image of one colour.
-Image plain_image(int number, int side, std::uint32_t colour);
 
 /// Gives the game a data folder in memory: both maps and the archive.
 void install_data(std::vector<std::uint8_t> race1, std::vector<std::uint8_t> race2,

@@ -1,7 +1,7 @@
 // Runs the real tools, which are beside the program of the tests.
 #pragma once
 
-#include "tests/tools/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 #include <cstdio>
 #include <string>

@@ -1,7 +1,7 @@
 // A file that appears whole or not at all.
 #include "tools/files/whole_file.h"
 
-#include "tests/tools/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 #include <csignal>
 #include <gmock/gmock.h>

@@ -2,32 +2,29 @@
 #include "tests/wayland/sway.h"
 
 #include "tests/desktop/player.h"
-#include "tests/desktop/x_server.h"
 
 #include <csignal>
-#include <fstream>
-#include <stdexcept>
 
 #include <unistd.h>
 
 namespace tarvik {
 
 // No borders: a tile is the whole screen.
-Sway::Sway(const std::string& display) : folder_(make_folder("sway")) {
-    std::ofstream(folder_ / "config") << "xwayland disable\n"
-                                         "default_border none\n"
-                                         "output * resolution 640x480\n";
+Sway::Sway(const std::string& display) {
+    write_file(folder_ / "config", "xwayland disable\n"
+                                   "default_border none\n"
+                                   "output * resolution 640x480\n");
     std::vector<std::string> command = {"sway", "--config", folder_ / "config"};
     constexpr uid_t NOBODY = 65534;
     // sway refuses to run as root. Its folder, which holds its sockets, then becomes nobody's.
-    if (geteuid() == 0 && chown(folder_.c_str(), NOBODY, NOBODY) == 0) {
+    if (geteuid() == 0 && chown((folder_ / "").c_str(), NOBODY, NOBODY) == 0) {
         const std::string id = std::to_string(NOBODY);
         command.insert(command.begin(), {"setpriv", "--reuid", id, "--regid", id, "--clear-groups",
                                          "--pdeathsig", "KILL"});
     }
     compositor_.emplace(command,
-                        ChildProcess::Options{.environment = {{"XDG_RUNTIME_DIR", folder_},
-                                                              {"HOME", folder_},
+                        ChildProcess::Options{.environment = {{"XDG_RUNTIME_DIR", folder_ / ""},
+                                                              {"HOME", folder_ / ""},
                                                               {"DISPLAY", display},
                                                               {"WAYLAND_DISPLAY", ""},
                                                               {"SWAYSOCK", folder_ / "commands"},
@@ -43,12 +40,10 @@ Sway::Sway(const std::string& display) : folder_(make_folder("sway")) {
 Sway::~Sway() {
     compositor_->send(SIGTERM);
     compositor_->wait(std::chrono::seconds(10));
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
 }
 
 std::map<std::string, std::string> Sway::environment() const {
-    return {{"XDG_RUNTIME_DIR", folder_}, {"WAYLAND_DISPLAY", "wayland-1"}};
+    return {{"XDG_RUNTIME_DIR", folder_ / ""}, {"WAYLAND_DISPLAY", "wayland-1"}};
 }
 
 bool Sway::tell(const std::string& command) const {

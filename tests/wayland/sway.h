@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tests/desktop/child_process.h"
+#include "tests/support/temporary_folder.h"
 
 namespace tarvik {
 
@@ -20,7 +21,7 @@ class Sway {
     bool tell(const std::string& command) const;
 
   private:
-    std::filesystem::path folder_;
+    TemporaryFolder folder_;
     std::optional<ChildProcess> compositor_;
 };
 

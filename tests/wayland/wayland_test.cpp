@@ -37,7 +37,7 @@ class Wayland : public PlayTest {
 
     void expect_end() {
         EXPECT_EQ(game_->wait(), 0);
-        EXPECT_EQ(read(folder_ / "errors"), "");
+        EXPECT_EQ(read_file(folder_ / "errors"), "");
     }
 
     Sway sway_{server_.display()};

@@ -24,6 +24,9 @@ class TemporaryFolder {
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
+    operator const std::filesystem::path&() const { // NOLINT(google-explicit-constructor)
+        return path_;
+    }
     [[nodiscard]] std::filesystem::path operator/(const std::string& name) const {
         return path_ / name;
     }
