@@ -147,7 +147,7 @@ TEST_F(Drawing, EveryCellOfTheViewIsPainted) {
     }
     race_frame();
     const Picture picture = drawn_picture();
-    for (const int row : {100, 239}) {
+    for (const std::size_t row : {100U, 239U}) {
         EXPECT_TRUE(std::equal(expected.begin(), expected.end(), &picture.pixels[row * 320]));
     }
 }
