@@ -12,12 +12,12 @@
 
 namespace tarvik::test {
 
+std::uint32_t luck = 0;
+
 namespace {
 
 constexpr int KEYS[] = {VK_UP, VK_UP,   VK_UP, VK_UP, VK_UP, VK_LEFT, VK_RIGHT, 'A',   'A',
                         'A',   VK_DOWN, 'Z',   '1',   '2',   '1',     VK_F1,    VK_F2, 'Q'};
-
-std::uint32_t luck = 0; // the same on every machine
 
 std::uint32_t below(std::uint32_t limit) {
     luck = luck * 1664525U + 1013904223U;
@@ -48,97 +48,91 @@ void mash() {
     }
 }
 
-void place(std::uint32_t x, std::uint32_t y, float with_speed) {
-    car_x[PLAYER_SLOT] = static_cast<float>(x);
-    car_y[PLAYER_SLOT] = static_cast<float>(y);
-    speed[PLAYER_SLOT] = with_speed;
+void park(float x, float y) {
+    car_x[PLAYER_SLOT] = x;
+    car_y[PLAYER_SLOT] = y;
+    speed[PLAYER_SLOT] = 0.0F;
 }
 
 /// In fourth gear, each completed lap a new ghost.
-void drive_laps(Run& run, const Drive& plan) {
-    for (long frame = 0; frame < plan.frames; ++frame) {
-        drive_ring(4);
-        run.frame();
-    }
+void drive_laps(long /*frame*/) {
+    drive_ring(4);
 }
 
 /// Round and round in top gear with the arrow held, far beyond the grip of the tyres.
-void skid(Run& run, const Drive& plan) {
-    press('1'); // "Easy": the car goes off the road
-    run.frame();
-    for (long frame = 2; frame <= plan.frames; ++frame) {
-        if (frame < 300) {
-            drive_ring(TOP_GEAR);
-        } else if (frame % 300 == 0) {
-            gear[PLAYER_SLOT] = TOP_GEAR; // spares thousands of frames of speeding up
-            speed[PLAYER_SLOT] = 3.2F;
-        } else if (frame % 97 == 0) {
-            press(VK_LEFT);
-        } else if (frame % 97 == 60) {
-            release(VK_LEFT);
-        } else if (frame % 97 == 70) {
-            press(VK_RIGHT);
-        } else if (frame % 97 == 90) {
-            release(VK_RIGHT);
+void skid(long frame) {
+    constexpr struct {
+        long frame;
+        void (*send)(int key);
+        int key;
+    } SWERVES[] = {{0, press, VK_LEFT},
+                   {60, release, VK_LEFT},
+                   {70, press, VK_RIGHT},
+                   {90, release, VK_RIGHT}};
+
+    if (frame == 1) {
+        press('1'); // "Easy": the car goes off the road
+    } else if (frame < 300) {
+        drive_ring(TOP_GEAR);
+    } else if (frame % 300 == 0) {
+        gear[PLAYER_SLOT] = TOP_GEAR; // spares thousands of frames of speeding up
+        speed[PLAYER_SLOT] = 3.2F;
+    } else {
+        for (const auto& swerve : SWERVES) {
+            if (frame % 97 == swerve.frame) {
+                swerve.send(swerve.key);
+            }
         }
-        run.frame();
     }
 }
 
-void mash_keys(Run& run, const Drive& plan) {
-    luck = 4711;
-    for (long frame = 1; frame <= plan.frames; ++frame) {
-        mash();
-        if (frame % 150 == 0) {
-            tap(frame % 300 == 0 ? VK_OEM_4 : VK_OEM_6);
-        }
-        run.frame();
+void mash_keys(long frame) {
+    mash();
+    if (frame % 150 == 0) {
+        tap(frame % 300 == 0 ? VK_OEM_4 : VK_OEM_6);
     }
 }
 
 } // namespace
 
-const Drive SIGNATURE_DRIVES[] = {
-    {"laps", drive_laps, 4200, 1}, {"skids", skid, 1500, 20}, {"keys", mash_keys, 900, 300}};
+const Drive SIGNATURE_DRIVES[] = {{"laps", drive_laps, 4200, 1, 0},
+                                  {"skids", skid, 1500, 20, 0},
+                                  {"keys", mash_keys, 900, 300, 4711}};
 
-void drive_at_random(Run& run, const Drive& plan) {
+void steer_at_random(long frame) {
     enum Style { ROUND_THE_RING, ANYHOW, STRAIGHT_AWAY, IN_THE_BOX, LEFT_RUNNING, STYLES };
-    std::uint32_t style = ROUND_THE_RING;
-    std::int32_t ring_gear = 0;
-    std::uint32_t frames_left = 0; // in this style
-    luck = plan.seed;
-    for (long frame = 0; frame < plan.frames; ++frame) {
-        if (frames_left-- == 0) {
-            std::for_each(std::begin(KEYS), std::end(KEYS), release);
-            take_wheel();
-            tap(static_cast<int>('1' + below(3)));
-            if (below(20) == 0) {
-                tap(below(2) == 0 ? VK_OEM_4 : VK_OEM_6);
-            }
-            style = below(STYLES);
-            ring_gear = static_cast<std::int32_t>(3 + below(4));
-            frames_left = 500 + below(4000);
-            if (style == LEFT_RUNNING) { // of the lap only the end
-                cycle[PLAYER_SLOT] = CYCLE_LIMIT - static_cast<std::int32_t>(below(1000));
-            }
+    static std::uint32_t style;
+    static std::int32_t ring_gear;
+    static std::uint32_t frames_left; // in this style
+    if (frame == 1 || frames_left-- == 0) {
+        std::for_each(std::begin(KEYS), std::end(KEYS), release);
+        take_wheel();
+        tap(static_cast<int>('1' + below(3)));
+        if (below(20) == 0) {
+            tap(below(2) == 0 ? VK_OEM_4 : VK_OEM_6);
         }
-        if (style == ROUND_THE_RING) {
-            drive_ring(ring_gear);
-        } else if (style == IN_THE_BOX) {
-            place(BOX_LEFT + BOX_SIZE / 2, BOX_TOP + BOX_SIZE / 2, 0.0F);
-        } else if (style == LEFT_RUNNING) {
-            place(2400, 2479, 0.0F);
-        } else {
-            mash();
+        style = below(STYLES);
+        ring_gear = static_cast<std::int32_t>(3 + below(4));
+        frames_left = 500 + below(4000);
+        if (style == LEFT_RUNNING) { // of the lap only the end
+            cycle[PLAYER_SLOT] = CYCLE_LIMIT - static_cast<std::int32_t>(below(1000));
         }
-        if (style == STRAIGHT_AWAY) {
-            speed[PLAYER_SLOT] = 3.3F;
-            if (below(50) == 0) { // thousands of cells from one frame to the next
-                const std::uint32_t x = below(12000); // not as arguments, whose order is open
-                place(x, below(12000), 3.3F);
-            }
+    }
+    if (style == ROUND_THE_RING) {
+        drive_ring(ring_gear);
+    } else if (style == IN_THE_BOX) {
+        park(BOX_LEFT + BOX_SIZE / 2.0F, BOX_TOP + BOX_SIZE / 2.0F);
+    } else if (style == LEFT_RUNNING) {
+        park(2400.0F, 2479.0F);
+    } else {
+        mash();
+    }
+    if (style == STRAIGHT_AWAY) {
+        speed[PLAYER_SLOT] = 3.3F;
+        if (below(50) == 0) { // thousands of cells from one frame to the next
+            car_x[PLAYER_SLOT] = static_cast<float>(below(12000));
+            car_y[PLAYER_SLOT] = static_cast<float>(below(12000));
         }
-        run.frame();
     }
 }
 

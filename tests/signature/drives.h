@@ -1,23 +1,27 @@
 // Drives that between them go through all of the game.
 #pragma once
 
-#include "tests/signature/run.h"
+#include <cstdint>
 
 namespace tarvik::test {
 
 struct Drive {
     const char* name;
-    void (*drive)(Run& run, const Drive& plan);
+    void (*steer)(long frame); // called before each frame, the first being 1
     long frames;
-    std::uint32_t seed;
+    std::uint32_t seed; // of the game's random numbers
+    std::uint32_t luck; // of the driver's
 };
 
 /// Those that make the signature, in the order in which they do.
 extern const Drive SIGNATURE_DRIVES[3];
 
+/// What is left of the driver's luck; the same on every machine.
+extern std::uint32_t luck;
+
 /// For minutes or hours of play: round the ring, anyhow, far off the road and the grid, laps as
 /// short as can be, and laps until they are given up; with a new difficulty each time, and a switch
 /// of tracks now and then.
-void drive_at_random(Run& run, const Drive& plan);
+void steer_at_random(long frame);
 
 } // namespace tarvik::test

@@ -22,13 +22,25 @@ constexpr int P = PLAYER_SLOT;
 constexpr long LINE_INTERVAL = 20;
 constexpr long PICTURE_INTERVAL = 10; // of runs without a trace
 
+/// A running hash: FNV-1a's constants on words, with a fold of the high bits so that every bit
+/// reaches every other. Eight bytes at a time if there is no remainder, else byte by byte.
+void add_bytes(std::uint64_t& hash, const void* data, std::size_t size) {
+    const std::size_t step = size % sizeof(std::uint64_t) == 0 ? sizeof(std::uint64_t) : 1;
+    for (std::size_t at = 0; at < size; at += step) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, static_cast<const std::uint8_t*>(data) + at, step);
+        hash = (hash ^ word) * 0x100000001B3U;
+        hash ^= hash >> 29U;
+    }
+}
+
 template <typename... Values>
-void add_values(Hash& hash, const Values&... values) {
-    (hash.add(&values, sizeof values), ...);
+void add_values(std::uint64_t& hash, const Values&... values) {
+    (add_bytes(hash, &values, sizeof values), ...);
 }
 
 /// The race, the ghosts' places in this frame included.
-void add_state(Hash& hash) {
+void add_state(std::uint64_t& hash) {
     add_values(hash, car_x[P], car_y[P], heading[P], speed[P], gear[P], penalty[P], cycle[P],
                last_cycle[P], best_cycle[P], frames_since_steer[P], steer_count[P], difficulty,
                race_number, view_x, view_y);
@@ -38,59 +50,45 @@ void add_state(Hash& hash) {
     }
 }
 
-template <typename First, typename... Others>
-void write_words(std::ostream& out, const First& first, const Others&... others) {
-    out << first;
-    ((out << ' ' << others), ...);
-    out << '\n';
+template <typename... Values>
+void write_words(std::ostream& out, const Values&... values) {
+    ((out << values << ' '), ...);
 }
 
 } // namespace
 
-void Hash::add(const void* data, std::size_t size) {
-    const std::size_t step = size % sizeof(std::uint64_t) == 0 ? sizeof(std::uint64_t) : 1;
-    for (std::size_t at = 0; at < size; at += step) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, static_cast<const std::uint8_t*>(data) + at, step);
-        state_ = (state_ ^ word) * 0x100000001B3U;
-        state_ ^= state_ >> 29U;
+std::uint64_t run(const Drive& drive, std::ostream* trace) {
+    std::uint64_t states = 0xCBF29CE484222325U;
+    std::uint64_t pictures = states;
+    restart_on_ring(drive.seed);
+    luck = drive.luck;
+    if (trace != nullptr) {
+        *trace << "frame x y heading speed gear penalty cycle last best difficulty race view_x "
+                  "view_y states pictures\n"
+               << std::setprecision(9);
     }
-}
-
-Run::Run(std::uint32_t seed, std::ostream* trace) : trace_(trace) {
-    restart_on_ring(seed);
-    if (trace_ != nullptr) {
-        *trace_ << "frame x y heading speed gear penalty cycle last best difficulty race view_x "
-                   "view_y states pictures\n"
-                << std::setprecision(9);
-    }
-}
-
-void Run::frame() {
-    race_frame();
-    ++frame_;
-    if (const std::string fault = find_fault(); !fault.empty()) {
-        throw std::runtime_error("frame " + std::to_string(frame_) + ": " + fault);
-    }
-    add_state(states_);
-    if (trace_ != nullptr || frame_ % PICTURE_INTERVAL == 0) {
-        pictures_.add(frame_buffer, frame_bytes());
-    }
-    if (frame_ % LINE_INTERVAL == 0) {
-        drawn_picture(); // throws if a logical pixel is not of one colour
-        if (trace_ != nullptr) {
-            write_words(*trace_, frame_, car_x[P], car_y[P], heading[P], speed[P], gear[P],
-                        penalty[P], cycle[P], last_cycle[P], best_cycle[P], difficulty, race_number,
-                        view_x, view_y, hex(states_.value()), hex(pictures_.value()));
+    for (long frame = 1; frame <= drive.frames; ++frame) {
+        drive.steer(frame);
+        race_frame();
+        if (const std::string fault = find_fault(); !fault.empty()) {
+            throw std::runtime_error("frame " + std::to_string(frame) + ": " + fault);
+        }
+        add_state(states);
+        if (trace != nullptr || frame % PICTURE_INTERVAL == 0) {
+            add_bytes(pictures, frame_buffer, frame_bytes());
+        }
+        if (frame % LINE_INTERVAL == 0) {
+            drawn_picture(); // throws if a logical pixel is not of one colour
+            if (trace != nullptr) {
+                write_words(*trace, frame, car_x[P], car_y[P], heading[P], speed[P], gear[P],
+                            penalty[P], cycle[P], last_cycle[P], best_cycle[P], difficulty,
+                            race_number, view_x, view_y, hex(states));
+                *trace << hex(pictures) << '\n';
+            }
         }
     }
-}
-
-std::uint64_t Run::number() const {
-    Hash both = states_;
-    const std::uint64_t of_pictures = pictures_.value();
-    both.add(&of_pictures, sizeof of_pictures);
-    return both.value();
+    add_values(states, pictures);
+    return states;
 }
 
 std::string hex(std::uint64_t number) {
