@@ -2,11 +2,10 @@
 // without a browser.
 import { after, before } from 'node:test';
 import { strict as assert } from 'node:assert';
-import { execFile, spawn } from 'node:child_process';
+import { spawn, spawnSync } from 'node:child_process';
 import { createHash } from 'node:crypto';
 import { once } from 'node:events';
 import { fileURLToPath } from 'node:url';
-import { promisify } from 'node:util';
 import puppeteer from 'puppeteer-core';
 
 const ROOT = fileURLToPath(new URL('../../', import.meta.url));
@@ -44,7 +43,7 @@ export function inBrowser(name = 'chrome') {
 /// The page in a profile of its own, for one test, once it is in a state; `prepare` may change the
 /// empty page before. Nothing may go wrong in it but what the test forgives.
 export async function openGame(t, { prepare, state = 'ready', ...screen } = {}) {
-  const { width = 1280, height = 720, scale = 1, touch = false, colours = 'light' } = screen;
+  const { width = 1280, height = 720, scale = 1, touch = false } = screen;
   const context = await browser.createBrowserContext();
   const page = await context.newPage();
   page.faults = [];
@@ -54,13 +53,8 @@ export async function openGame(t, { prepare, state = 'ready', ...screen } = {}) 
   });
   page.setDefaultTimeout(PATIENCE);
   page.on('pageerror', (error) => page.faults.push(`error: ${error.message}`));
-  page.on('requestfailed', (request) => page.faults.push(`not loaded: ${request.url()}`));
-  page.on('response', (answer) => answer.status() >= 400 && page.faults.push(`${answer.status()}: ${answer.url()}`));
-  page.on('console', (line) => /error|warn|assert/.test(line.type()) && page.faults.push(`console: ${line.text()}`));
+  page.on('console', (line) => /error|warn|assert/.test(line.type()) && page.faults.push(line.text(), line.location()));
   await page.setViewport({ width, height, deviceScaleFactor: scale, isMobile: touch, hasTouch: touch });
-  if (colours === 'dark') {
-    await page.emulateMediaFeatures([{ name: 'prefers-color-scheme', value: colours }]);
-  }
   await page.evaluateOnNewDocument(noteKeys);
   await prepare?.(page);
   await page.goto(address);
@@ -104,22 +98,18 @@ function noteKeys() {
 }
 
 /// Plays the race so far again without a browser: the canvas must show the same frame, pixel by
-/// pixel. Returns what the game knows then.
+/// pixel. Returns what the game knows then, and the frame's number.
 export async function assertSameAsReplay(page) {
-  const seen = await page.evaluate(async () => {
+  const { picture, keys, digest } = await page.evaluate(async () => {
     const copy = new OffscreenCanvas(640, 480).getContext('2d');
     copy.drawImage(document.getElementById('game'), 0, 0);
     const { data } = copy.getImageData(0, 0, 640, 480);
     const found = { picture: window.tarvik.pictures, keys: [...window.seenKeys] };
-    const digest = new Uint8Array(await crypto.subtle.digest('SHA-256', data));
-    return { ...found, digest: Array.from(digest, (byte) => byte.toString(16).padStart(2, '0')).join('') };
+    return { ...found, digest: [...new Uint8Array(await crypto.subtle.digest('SHA-256', data))] };
   });
-  const { stdout, stderr } = await promisify(execFile)(
-    `${ROOT}build/test/bin/tarvik-replay`,
-    [`${ROOT}build/release/bin/data`, String(seen.picture), ...seen.keys],
-    { encoding: 'buffer', maxBuffer: 1e8 },
-  );
-  const expected = createHash('sha256').update(stdout).digest('hex');
-  assert.equal(seen.digest, expected, `picture ${seen.picture} after keys ${seen.keys.join(' ')}`);
-  return { ...JSON.parse(stderr.toString()), picture: seen.picture, digest: seen.digest };
+  const replay = `${ROOT}build/test/bin/tarvik-replay`;
+  const { stdout, stderr } = spawnSync(replay, [`${ROOT}build/release/bin/data`, picture, ...keys], { maxBuffer: 1e8 });
+  const expected = [...createHash('sha256').update(stdout).digest()];
+  assert.deepEqual(digest, expected, `picture ${picture} after keys ${keys.join(' ')}; ${stderr}`);
+  return { ...JSON.parse(stderr), picture };
 }

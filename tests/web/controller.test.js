@@ -39,31 +39,26 @@ const STEPS = [
 test('a controller starts the race, drives, comes and goes, changes tracks, and ends the race', async (t) => {
   const page = await web.openGame(t, { prepare: (empty) => empty.evaluateOnNewDocument(stubController) });
   await page.evaluate(() => window.plug(true));
-  const turn = () => page.evaluate(() => new Promise((done) => requestAnimationFrame(() => requestAnimationFrame(done))));
-  const press = async (value) => {
-    await turn();
-    await page.evaluate((button, given) => window.press(button, given), START, value);
-    await turn();
-  };
-  await press(1);
-  await press(0);
+  const pressStart = (value) =>
+    page.evaluate((button, given) => {
+      window.press(button, given);
+      return new Promise((done) => requestAnimationFrame(() => requestAnimationFrame(done)));
+    }, START, value);
+  await pressStart(1);
+  await pressStart(0);
   await web.inState(page, 'racing');
   for (const [action, keys, isRight] of STEPS) {
-    await page.evaluate(
-      (what, same) => {
-        window.seenKeys.push(...same.map((key) => `${window.tarvik.pictures + 1},${key}`)); // from the next frame on
-        window.eval(what);
-      },
-      action,
-      keys,
-    );
+    await page.evaluate((what, same) => {
+      window.seenKeys.push(...same.map((key) => `${window.tarvik.pictures + 1},${key}`)); // from the next frame on
+      window.eval(what);
+    }, action, keys);
     await web.picturesLater(page, 4);
     if (isRight) {
       assert.ok(isRight(await web.assertSameAsReplay(page)), action);
     }
   }
-  await press(1);
+  await pressStart(1);
   await web.inState(page, 'ended');
-  await press(0);
+  await pressStart(0);
   assert.equal(await page.$eval('html', (html) => html.dataset.state), 'ended', 'what ended one race starts no other');
 });

@@ -8,11 +8,10 @@
 #include "race/race_state.h"
 #include "shell/screen.h"
 #include "tests/support/program.h"
+#include "tests/support/temporary_folder.h"
 
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -20,13 +19,6 @@ namespace {
 
 using namespace tarvik;
 using namespace tarvik::test;
-
-std::vector<std::uint8_t> file_of(const std::string& name) {
-    std::ifstream file;
-    file.exceptions(std::ios::failbit); // without it all frames would differ
-    file.open(name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 void write_picture() {
     for (int y = 0; y < DEVICE_HEIGHT; ++y) {
@@ -53,10 +45,12 @@ int main(int count, char** arguments) {
     if (count < 3) {
         return EXIT_FAILURE;
     }
-    const std::string data = arguments[1];
+    const auto file = [&](const std::string& name) {
+        const std::string bytes = read_file(arguments[1] + ("/" + name));
+        return std::vector<std::uint8_t>(bytes.begin(), bytes.end());
+    };
     const int last = std::atoi(arguments[2]);
-    install_data(file_of(data + "/race1.map"), file_of(data + "/race2.map"),
-                 file_of(data + "/graphics.dat"));
+    install_data(file("race1.map"), file("race2.map"), file("graphics.dat"));
     return run_program(last, [&](int frame) {
         for (int i = 3; i < count; ++i) {
             int key_frame = 0;

@@ -16,11 +16,8 @@ const SCREENS = [
   { width: 1180, height: 820, scale: 2, touch: true },
 ];
 
-/// Where the middle of a button is, for a finger.
-async function on(page, code) {
-  const box = await (await page.$(`[data-code="${code}"]`)).boundingBox();
-  return { x: Math.round(box.x + box.width / 2), y: Math.round(box.y + box.height / 2) };
-}
+/// Where a finger finds a button.
+const on = async (page, code) => (await page.$(`[data-code="${code}"]`)).clickablePoint();
 
 /// Sends events about fingers, told apart by numbers: ('Start', 1, { x, y }) and so on.
 async function fingersOf(page) {
@@ -36,19 +33,19 @@ for (const screen of SCREENS) {
   test(`${screen.width} by ${screen.height}: every button in reach of a thumb, beside a whole picture`, async (t) => {
     const page = await web.openGame(t, screen);
     await web.startRace(page);
-    const { picture, buttons } = await page.evaluate(() => {
-      const box = (element) => element.getBoundingClientRect().toJSON();
-      const found = [...document.querySelectorAll('[data-code]')].map((each) => [each.dataset.code, box(each)]);
-      return { picture: box(document.getElementById('game')), buttons: Object.fromEntries(found) };
+    const boxes = await page.evaluate(() => {
+      const elements = [...document.querySelectorAll('#game, [data-code]')];
+      const entryOf = (each) => [each.dataset.code ?? 'picture', each.getBoundingClientRect().toJSON()];
+      return Object.fromEntries(elements.map(entryOf));
     });
-    const block = (picture.width * screen.scale) / 320;
+    assert.deepEqual(Object.keys(boxes).sort(), ['picture', ...DRIVING, ...OTHERS].sort());
+    const block = (boxes.picture.width * screen.scale) / 320;
     assert.ok(Math.abs(block - Math.round(block)) < 0.001, `${block} screen pixels for one of the game`);
-    assert.deepEqual(Object.keys(buttons).sort(), [...DRIVING, ...OTHERS].sort());
-    for (const [code, box] of Object.entries({ ...buttons, picture })) {
+    for (const [code, box] of Object.entries(boxes)) {
       assert.ok(box.left >= 0 && box.top >= 0 && box.right <= screen.width && box.bottom <= screen.height + 1, code);
       const [least, lowest] = DRIVING.includes(code) ? [50, 70] : [32, 40];
       assert.ok(box.width >= least && box.height >= lowest, `${code} is ${box.width} by ${box.height}`);
-      for (const [other, { left, right, top, bottom }] of Object.entries({ ...buttons, picture })) {
+      for (const [other, { left, right, top, bottom }] of Object.entries(boxes)) {
         const apart = left >= box.right || right <= box.left || top >= box.bottom || bottom <= box.top;
         assert.ok(other === code || apart, `${code} is on ${other}`);
       }
