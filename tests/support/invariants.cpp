@@ -41,10 +41,8 @@ void expect(bool holds, const char* what, double value) {
     }
 }
 
-template <typename T>
-void expect_in(double low, T value, double high, const char* what) {
-    const auto number = static_cast<double>(value);
-    expect(number >= low && number <= high, what, number); // no NaN either
+void expect_in(double low, double value, double high, const char* what) {
+    expect(value >= low && value <= high, what, value); // no NaN either
 }
 
 void check_car() {
@@ -91,14 +89,9 @@ void check_ghosts() {
     expect(buffers.size() == 3 * CAR_SLOTS, "a ghost buffer in two slots", 0);
 }
 
-void check_view() {
-    const auto check = [](const char* what, std::int32_t view, float car, std::int32_t shown,
-                          std::int32_t cells) {
-        const double first = std::trunc(static_cast<double>(car)) - shown / 2; // may be no number
-        expect(view == std::clamp(first, 0.0, static_cast<double>(cells - shown)), what, view);
-    };
-    check("view_x", view_x, car_x[P], LOGICAL_WIDTH, TRACK_WIDTH);
-    check("view_y", view_y, car_y[P], LOGICAL_HEIGHT, TRACK_HEIGHT);
+void check_view(const char* what, std::int32_t view, double car, std::int32_t shown, double cells) {
+    const double first = std::trunc(car) - shown / 2; // may be no number
+    expect(view == std::clamp(first, 0.0, cells - shown), what, view);
 }
 
 void check_input() {
@@ -119,7 +112,8 @@ std::string find_fault() {
     check_car();
     check_laps();
     check_ghosts();
-    check_view();
+    check_view("view_x", view_x, car_x[P], LOGICAL_WIDTH, TRACK_WIDTH);
+    check_view("view_y", view_y, car_y[P], LOGICAL_HEIGHT, TRACK_HEIGHT);
     check_input();
     return first_fault;
 }

@@ -1,9 +1,6 @@
 // Reading frames.
 #include "tests/support/picture.h"
 
-#include "render/frame_buffer.h"
-#include "render/glyph_table.h"
-
 #include <cstring>
 #include <stdexcept>
 
@@ -13,7 +10,7 @@ std::uint32_t Picture::at(int x, int y) const {
     return pixels.at(static_cast<std::size_t>(y * LOGICAL_WIDTH + x));
 }
 
-Picture picture_of(const std::uint8_t* frame) {
+Picture drawn_picture(const std::uint8_t* frame) {
     Picture picture;
     for (int y = 0; y < LOGICAL_HEIGHT; ++y) {
         const std::uint8_t* pixel = frame + (DEVICE_HEIGHT - 1 - 2 * y) * ROW_BYTES;
@@ -30,10 +27,6 @@ Picture picture_of(const std::uint8_t* frame) {
     return picture;
 }
 
-Picture drawn_picture() {
-    return picture_of(frame_buffer);
-}
-
 std::string pixels_of(std::uint32_t colour) {
     const Picture picture = drawn_picture();
     std::string found;
@@ -44,24 +37,6 @@ std::string pixels_of(std::uint32_t colour) {
         }
     }
     return found;
-}
-
-bool shows_text(const Picture& picture, const std::string& text, int x, int y,
-                std::uint32_t colour) {
-    for (const char character : text) {
-        const char* glyph = glyph_table[static_cast<unsigned char>(character)];
-        const int width = glyph[0] - '0';
-        for (int row = 1; row <= GLYPH_ROWS; ++row) {
-            for (int column = 0; column <= width && x + column < LOGICAL_WIDTH; ++column) {
-                const bool set = column < width && glyph[row * GLYPH_ROW_STRIDE + column] == '1';
-                if ((picture.at(x + column, y + row) == colour) != set) {
-                    return false;
-                }
-            }
-        }
-        x += width + 1;
-    }
-    return true;
 }
 
 } // namespace tarvik::test

@@ -1,6 +1,8 @@
 // A frame as the player sees it.
 #pragma once
 
+#include "render/frame_buffer.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -21,19 +23,11 @@ struct Picture {
     std::uint32_t at(int x, int y) const;
 };
 
-/// Reads `frame` as OpenGL gets it; throws if a logical pixel is not of one colour, which fails
+/// Reads a frame as OpenGL gets it; throws if a logical pixel is not of one colour, which fails
 /// the running test.
-Picture picture_of(const std::uint8_t* frame);
-
-/// What is in the frame buffer now.
-Picture drawn_picture();
+Picture drawn_picture(const std::uint8_t* frame = frame_buffer);
 
 /// The logical pixels of `colour` in the frame buffer, as "x,y x,y ..." in rows from the top.
 std::string pixels_of(std::uint32_t colour);
-
-/// Whether exactly the set cells of `text`, drawn with the game's font at logical (x, y), have
-/// `colour` in the rectangle that the text takes.
-bool shows_text(const Picture& picture, const std::string& text, int x, int y,
-                std::uint32_t colour);
 
 } // namespace tarvik::test

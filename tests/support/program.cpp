@@ -33,7 +33,7 @@ int run_program(int frames, const FrameScript& script) {
     frame_script = &script;
     set_frame_hook(on_frame);
     scripted::set_picture_hook(
-        [](const std::uint8_t* pixels, int, int) { shown_picture = picture_of(pixels); });
+        [](const std::uint8_t* pixels, int, int) { shown_picture = drawn_picture(pixels); });
     scripted::use_memory_files = true;
     return WinMain(nullptr, nullptr, nullptr, 0);
 }
