@@ -78,7 +78,7 @@ describe('chrome', () => {
       await web.picturesLater(page, 60);
       const later = await read();
       const wait = later.now - end.now - ((later.shown - end.shown) * 1000) / rate;
-      assert.ok(wait > 250 && wait < 350, `a wait of ${wait} ms`);
+      assert.ok(wait > 200 && wait < 400, `a wait of ${wait} ms`);
       await web.endRace(page);
     });
   }
