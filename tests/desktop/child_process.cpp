@@ -23,12 +23,7 @@ ChildProcess::ChildProcess(const std::vector<std::string>& command, const Option
     std::vector<std::string> words = {"sh",           "-c",           BECOME,        "sh",
                                       options.output, options.errors, options.folder};
     for (const auto& [name, value] : options.environment) {
-        words.push_back("--unset=" + name);
-    }
-    for (const auto& [name, value] : options.environment) {
-        if (!value.empty()) {
-            words.push_back(name + "=" + value);
-        }
+        words.push_back(name + "=" + value);
     }
     words.insert(words.end(), command.begin(), command.end());
     std::vector<char*> arguments;

@@ -16,7 +16,7 @@ class ChildProcess {
   public:
     struct Options {
         std::filesystem::path folder = "/";                  ///< where it runs
-        std::map<std::string, std::string> environment = {}; ///< set for it; an empty value unsets
+        std::map<std::string, std::string> environment = {}; ///< set for it besides the usual
         std::filesystem::path output = "/dev/null";          ///< where standard output goes
         std::filesystem::path errors = "/dev/null";          ///< where standard error goes
     };

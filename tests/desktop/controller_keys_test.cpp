@@ -11,7 +11,6 @@ namespace {
 
 constexpr int TRIGGER = 7;
 constexpr int BOTTOM_BUTTON = 0;
-constexpr int SHOULDER = 5;
 constexpr int START = 9;
 constexpr int STEERING = 0;
 
@@ -77,18 +76,6 @@ TEST_F(Controllers, OnlyAPressThatTheGameWasToldOfKeepsAKeyDown) {
     held_on_keyboard = false; // released in another window
     keys_.set_button(1, TRIGGER, 0);
     EXPECT_EQ(frame(), (Changes{-VK_UP}));
-}
-
-// A gear's press and release come together, as its key is consumed anyway.
-TEST_F(Controllers, EachShoulderPressCountsOnceHoweverLong) {
-    keys_.set_button(1, SHOULDER, 1);
-    EXPECT_EQ(frame(), (Changes{'A', -'A'}));
-    EXPECT_EQ(frame(), Changes{});
-    keys_.set_button(1, SHOULDER, 0);
-    keys_.set_button(1, SHOULDER, 1);
-    keys_.set_button(1, SHOULDER, 0);
-    keys_.set_button(1, SHOULDER, 1);
-    EXPECT_EQ(frame(), (Changes{'A', -'A', 'A', -'A'}));
 }
 
 TEST_F(Controllers, StartTappedDuringAWaitIsDownForOneFrame) {

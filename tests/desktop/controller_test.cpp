@@ -42,15 +42,6 @@ bool plug_in() {
     });
 }
 
-void unplug() {
-    SDL_JoystickClose(controller);
-    SDL_JoystickDetachVirtual(device);
-}
-
-void press(SDL_GameControllerButton button) {
-    SDL_JoystickSetVirtualButton(controller, button, 1);
-}
-
 void pull_trigger(bool down) {
     SDL_JoystickSetVirtualAxis(controller, SDL_CONTROLLER_AXIS_TRIGGERRIGHT,
                                down ? SDL_JOYSTICK_AXIS_MAX : SDL_JOYSTICK_AXIS_MIN);
@@ -74,7 +65,7 @@ TEST_F(Play, AControllerDrivesWheneverItIsPluggedIn) {
     load_track_map(".\\data\\race1.map");
     race_frame();
     ASSERT_TRUE(plug_in());
-    press(SDL_CONTROLLER_BUTTON_RIGHTSHOULDER);
+    SDL_JoystickSetVirtualButton(controller, SDL_CONTROLLER_BUTTON_RIGHTSHOULDER, 1);
     EXPECT_TRUE(comes([] { return gear[PLAYER_SLOT] == 1; }));
     pull_trigger(true);
     EXPECT_TRUE(comes([] { return speed[PLAYER_SLOT] > 0.15F; }));
@@ -90,10 +81,11 @@ TEST_F(Play, AControllerDrivesWheneverItIsPluggedIn) {
     player_.release(XK_Up);
     EXPECT_EQ(gear[PLAYER_SLOT], 1) << "a held shoulder does not repeat";
 
-    unplug();
+    SDL_JoystickClose(controller);
+    SDL_JoystickDetachVirtual(device);
     EXPECT_TRUE(comes([] { return !is_down(VK_UP) && !is_down(VK_LEFT); }));
     EXPECT_TRUE(plug_in());
-    press(SDL_CONTROLLER_BUTTON_START);
+    SDL_JoystickSetVirtualButton(controller, SDL_CONTROLLER_BUTTON_START, 1);
     EXPECT_TRUE(comes([] { return quit_requested == 1; }));
     shut_down();
     close_display();

@@ -56,11 +56,7 @@ TEST_F(Ending, SignalsThatWereIgnoredBeforeStayIgnored) {
     start_race({"sh", "-c", "trap '' HUP INT; exec '" TARVIK_PROGRAM "'"});
     game_->send(SIGHUP);
     game_->send(SIGINT);
-    const Pixels advanced = player_.look_at(DIFFICULTY);
-    player_.tap(XK_1);
-    EXPECT_TRUE(player_.sees_change(DIFFICULTY, advanced));
-    player_.tap(XK_3); // the black frame of the end is a change too, but never this one
-    EXPECT_TRUE(player_.sees(DIFFICULTY, advanced));
+    EXPECT_TRUE(player_.sees_pictures(20));
 }
 
 // Neither the display's connection nor a map may take the number of a closed stream.

@@ -24,11 +24,9 @@ class FullScreen : public PlayTest, public testing::WithParamInterface<Screen> {
     FullScreen() : PlayTest({"-screen", "0", GetParam().size()}) {}
 };
 
-using Enlargement = PlayTest;
-
-class DenseDesktop : public PlayTest {
+class Enlargement : public PlayTest {
   protected:
-    DenseDesktop() : PlayTest({"-screen", "0", "1920x1080x24"}) {}
+    Enlargement() : PlayTest({"-screen", "0", "1920x1080x24"}) {}
 };
 
 } // namespace
@@ -61,9 +59,14 @@ TEST_P(FullScreen, UsesWholeBlocksAndLeavingItRestoresTheWindow) {
     EXPECT_TRUE(player_.waits_until([&] { return player_.place() == windowed; }));
     EXPECT_TRUE(player_.sees({400, 280, 1, 1}, {POINTER_COLOUR}))
         << "the move beside the picture came before";
+    const Area tip = {199, 100, 2, 1};
+    player_.move_mouse_to(100, 50);
+    EXPECT_TRUE(player_.sees(tip, {ROAD_COLOUR, POINTER_COLOUR}));
+    player_.move_mouse_to(-30, 50); // outside, where the game is not told of it
     const Pixels difficulty = player_.look_at(DIFFICULTY);
     player_.tap(XK_1); // Alt is not stuck
     EXPECT_TRUE(player_.sees_change(DIFFICULTY, difficulty));
+    EXPECT_EQ(player_.look_at(tip), (Pixels{ROAD_COLOUR, POINTER_COLOUR}));
 }
 
 INSTANTIATE_TEST_SUITE_P(Desktop, FullScreen,
@@ -83,7 +86,7 @@ TEST_F(Enlargement, ThePictureFitsAWindowOfAnySize) {
     }
 }
 
-TEST_F(DenseDesktop, TheWindowOpensLarger) {
+TEST_F(Enlargement, OnADenseDesktopTheWindowOpensLarger) {
     const std::string resources = "Xft.dpi:\t192\n";
     XChangeProperty(player_.display(), DefaultRootWindow(player_.display()), XA_RESOURCE_MANAGER,
                     XA_STRING, 8, PropModeReplace,

@@ -64,18 +64,6 @@ TEST_F(Play, LettersFollowTheLayoutAndDigitsTheirPosition) {
     EXPECT_TRUE(player_.sees_change(GEAR, gear));
 }
 
-TEST_F(Play, TheMousePutsThePointerAtTwiceItsDistance) {
-    const Area tip = {199, 100, 2, 1};
-    start_race();
-    player_.move_mouse_to(100, 50);
-    EXPECT_TRUE(player_.sees(tip, {ROAD_COLOUR, POINTER_COLOUR}));
-    player_.move_mouse_to(-30, 50); // outside, where the game is not told of it
-    const Pixels difficulty = player_.look_at(DIFFICULTY);
-    player_.tap(XK_1);
-    EXPECT_TRUE(player_.sees_change(DIFFICULTY, difficulty));
-    EXPECT_EQ(player_.look_at(tip), (Pixels{ROAD_COLOUR, POINTER_COLOUR}));
-}
-
 TEST_F(Play, AltF4AndF10DoNothing) {
     start_race();
     const Pixels gear = player_.look_at(GEAR);

@@ -82,7 +82,8 @@ Picture plain_picture(int width, int height) {
             std::vector<std::uint8_t>(static_cast<std::size_t>(width * height) * 4, 255)};
 }
 
-// An empty record is 12 zero bytes. A pipe stays one, while a file would be replaced.
+// An empty record is 12 zero bytes. A pipe or a link stays one, and an earlier file's permissions
+// are those of the new one.
 TEST(DataFiles, pictures_are_packed_as_the_game_reads_them) {
     const TemporaryFolder folder;
     std::filesystem::create_directory(folder / "in");
@@ -92,16 +93,20 @@ TEST(DataFiles, pictures_are_packed_as_the_game_reads_them) {
     write_file(folder / "in/notes.txt", "left out");
     const auto [exit_code, text] =
         run_in(folder, "mkfifo pipe; tarvik-data pictures pack in pipe & "
-                       "timeout 60 cat pipe; wait; test -p pipe");
+                       "timeout 60 cat pipe >read; wait; test -p pipe && "
+                       "echo earlier >kept && chmod 640 kept && ln -s kept link && "
+                       "tarvik-data pictures pack in link && cmp read kept && "
+                       "test -L link && stat -c %a kept && cat read");
     EXPECT_EQ(exit_code, 0);
-    EXPECT_EQ(text, std::string(3 * 12, '\0') + std::string("\2\0\0\0\2\0\0\0\3\0\0\0", 12) +
+    EXPECT_EQ(text, "640\n" + std::string(3 * 12, '\0') +
+                        std::string("\2\0\0\0\2\0\0\0\3\0\0\0", 12) +
                         std::string("\1\2\3\0\0\0\0\0\0\4\5\6", 12) + std::string(1395 * 12, '\0') +
                         std::string("\1\0\0\0\1\0\0\0\3\0\0\0\xff\xff\xff", 15));
 }
 
 TEST(DataFiles, bad_inputs_are_refused_in_a_line_and_the_earlier_file_is_kept) {
     const TemporaryFolder folder;
-    run_in(folder, "mkdir none flat wide car late twice half");
+    run_in(folder, "mkdir none flat wide car late twice");
     write_file(folder / "good.svg", RING);
     write_file(folder / "kept", "earlier");
     write_file(folder / "text.svg", "no drawing\n");
@@ -112,9 +117,7 @@ TEST(DataFiles, bad_inputs_are_refused_in_a_line_and_the_earlier_file_is_kept) {
     write_png(folder / "car/car.png", plain_picture(1, 1));
     write_png(folder / "late/1400.png", plain_picture(1, 1));
     write_png(folder / "twice/7.png", plain_picture(1, 1));
-    write_png(folder / "twice/007.png", plain_picture(64, 64));
-    const std::string whole = read_file(folder / "twice/007.png");
-    write_file(folder / "half/1.png", whole.substr(0, whole.size() / 2));
+    write_png(folder / "twice/007.png", plain_picture(1, 1));
     const std::set<std::string> before = folder.names();
     const auto refused = [&](const std::string& arguments, const std::string& words) {
         const auto [exit_code, text] = run_in(folder, "ulimit -f 100; tarvik-data " + arguments);
@@ -128,7 +131,6 @@ TEST(DataFiles, bad_inputs_are_refused_in_a_line_and_the_earlier_file_is_kept) {
     refused("track build . kept", "cannot read .: Is a directory");
     refused("track build text.svg kept", "text.svg is not an SVG drawing");
     refused("track build good.svg nowhere/a.map", "cannot write nowhere/a.map: No such file");
-    refused("track build good.svg .", "cannot write .: Is a directory");
     refused("track build good.svg /dev/full", "cannot write /dev/full: No space left on device");
     refused("track build good.svg kept", "cannot write kept: File too large");
     refused("track build text.png kept", "text.png is damaged or not a PNG picture");
@@ -137,15 +139,12 @@ TEST(DataFiles, bad_inputs_are_refused_in_a_line_and_the_earlier_file_is_kept) {
             "empty.map is not a track map: it has 0 bytes, a map has 100000000");
     refused("track check /dev/zero", "/dev/zero is not a track map: it has more bytes");
     refused("track preview empty.map kept --size 0", "--size");
-    refused("track check", "TRACK is required");
     refused("", "A subcommand is required");
-    refused("pictures pack nowhere kept", "cannot read nowhere: No such file");
     refused("pictures pack none kept", "no PNG files in none");
     refused("pictures pack wide kept", "wide/1.png is 1025 by 1 pixels, more than the 1024 by");
     refused("pictures pack car kept", "car/car.png: the name must be a sprite number");
     refused("pictures pack late kept", "late/1400.png: sprite numbers end at 1399");
     refused("pictures pack twice kept", "twice/007.png and twice/7.png have the same number");
-    refused("pictures pack half kept", "half/1.png is damaged or not a PNG picture");
     EXPECT_EQ(run_in(folder, "tarvik-data track check empty.map 2>/dev/null").text, "");
 }
 

@@ -64,7 +64,6 @@ INSTANTIATE_TEST_SUITE_P(
                 "give it a viewBox, as in viewBox=\"0 0 10000 10000\""},
         Mistake{"nothing_drawn", group("visibility='hidden'"),
                 "there is no road: draw one in #3c3c3c"},
-        Mistake{"half_saved", "s|</svg>||", "is not an SVG drawing"},
         Mistake{"gap", line("M 5000,1300 V 1700", "#fff"), "the road ends here"},
         // In the units of a page of half the size with its corner elsewhere.
         Mistake{"grass_over_the_box",
