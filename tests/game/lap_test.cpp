@@ -1,6 +1,7 @@
 // Laps through the box, their results and their ghosts.
 #include "race/ghosts.h"
 #include "race/laps.h"
+#include "render/presentation.h"
 #include "tests/support/race_test.h"
 
 namespace tarvik::test {
@@ -115,6 +116,7 @@ TEST_F(Lap, GhostsAreDrawnInTheirColoursAtTheFrameOfTheLap) {
         ghost_y[slot][9] = 60.5F;
         ghost_heading[slot][9] = 0.0F;
     }
+    clear_frame();
     draw_ghosts();
     int column = 60; // each a nose, pointing down, and a rear corner
     for (const std::uint32_t colour : {0xFF0000U, 0x0000FFU, 0x00FF00U, 0xFFFF00U, 0x00FFFFU}) {
