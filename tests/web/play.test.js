@@ -60,7 +60,8 @@ describe('chrome', () => {
       peaks.push(await peakMemory());
     }
     t.diagnostic(`the most memory until after each race: ${peaks.join(', ')} MB`);
-    assert.ok(peaks[0] < 670 && peaks[3] < peaks[0] + 100);
+    // The second is a measure: the first may end before the browser has taken all that a race needs.
+    assert.ok(peaks[1] < 700 && peaks[3] < peaks[1] + 66);
   });
 
   for (const hertz of [24, 60, 75, 144]) {
