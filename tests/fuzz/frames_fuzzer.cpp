@@ -133,10 +133,6 @@ void press_game_key(Input& input) {
     post_message(WM_KEYDOWN, input.PickValueInArray(GAME_KEYS), 0);
 }
 
-void release_game_key(Input& input) {
-    post_message(WM_KEYUP, input.PickValueInArray(GAME_KEYS), 0);
-}
-
 /// What may happen before a frame if no game key is pressed.
 constexpr void (*ACTS[])(Input&) = {
     post_any_message,
@@ -150,8 +146,8 @@ constexpr void (*ACTS[])(Input&) = {
     paint,
     [](Input& input) { put_map_file(input); },
     switch_track,
-    release_game_key,
-    release_game_key};
+    [](Input& input) { post_message(WM_KEYUP, input.PickValueInArray(GAME_KEYS), 0); },
+    [](Input& input) { post_message(WM_KEYUP, input.PickValueInArray(GAME_KEYS), 0); }};
 
 } // namespace
 

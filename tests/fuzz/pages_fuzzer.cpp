@@ -4,6 +4,7 @@
 #include "tools/data/page.h"
 #include "tools/data/picture_archive.h"
 #include "tools/files/failure.h"
+#include "tools/files/png_file.h"
 #include "tools/track/track.h"
 
 #include <algorithm>
@@ -26,57 +27,23 @@ constexpr int BAND_ROWS = 4;
 constexpr std::uint32_t LARGEST_SIDE = 2048;
 constexpr std::uint32_t LARGEST_IMPORT = 16384;
 
-std::string big_endian(std::size_t number) {
-    const std::uint32_t bytes = htonl(static_cast<std::uint32_t>(number));
-    return {reinterpret_cast<const char*>(&bytes), sizeof bytes};
-}
-
-/// Mostly with the right checksum, as libpng looks no further otherwise.
-std::string chunk(Input& input, const std::string& type, const std::string& content) {
-    const std::string checked = type + content;
-    const auto sum = crc32_z(0, reinterpret_cast<const Bytef*>(checked.data()), checked.size());
-    const bool wrong = input.ConsumeIntegralInRange(0, 31) == 1;
-    return big_endian(content.size()) + checked + big_endian(wrong ? ~sum : sum);
-}
-
-std::string compressed(const std::string& bytes) {
-    uLongf size = compressBound(bytes.size());
-    std::string result(size, '\0');
-    compress(reinterpret_cast<Bytef*>(result.data()), &size,
-             reinterpret_cast<const Bytef*>(bytes.data()), bytes.size());
-    return result.substr(0, size);
-}
-
-std::uint32_t some_side(Input& input) {
-    return input.ConsumeIntegralInRange(0, 7) == 1 ? input.ConsumeIntegral<std::uint32_t>()
-                                                   : input.ConsumeIntegralInRange(1U, 48U);
-}
-
-/// A picture in any of the format's kinds, with as many pixel bytes as the input says.
-std::string some_png(Input& input) {
-    constexpr char KINDS[][2] = {{8, 6}, {8, 2}, {8, 0}, {8, 4},  {8, 3},  {4, 3},
-                                 {1, 3}, {1, 0}, {2, 0}, {16, 0}, {16, 2}, {16, 6}};
-    constexpr const char* TYPES[] = {"PLTE", "tRNS", "gAMA", "sRGB", "bKGD", "tEXt", "zzZZ"};
-    const std::uint32_t width = some_side(input);
-    const std::uint32_t height = input.ConsumeBool() ? width : some_side(input);
-    const auto& kind = KINDS[input.ConsumeIntegralInRange<std::size_t>(0, std::size(KINDS) - 1)];
-    const char interlaced = input.ConsumeBool() ? 1 : 0;
-    std::string png("\x89PNG\r\n\x1a\n", 8);
-    png += chunk(input, "IHDR",
-                 big_endian(width) + big_endian(height) + kind[0] + kind[1] + '\0' + '\0' +
-                     interlaced);
-    for (int count = input.ConsumeIntegralInRange(0, 3); count > 0; --count) {
-        const char* type = input.PickValueInArray(TYPES);
-        png += chunk(input, type, input.ConsumeRandomLengthString(48));
-    }
-    const std::string some = input.ConsumeRandomLengthString(400);
-    std::string pixels;
-    for (std::size_t size = input.ConsumeIntegral<std::uint16_t>();
-         pixels.size() < size && !some.empty();) {
-        pixels += some;
-    }
-    png += chunk(input, "IDAT", compressed(pixels));
-    return png + chunk(input, "IEND", "");
+/// A picture as the tools write it, whose header may then claim anything: with the right checksum,
+/// as libpng looks no further otherwise.
+std::string some_png(Input& input, const std::filesystem::path& file) {
+    constexpr std::size_t HEADER = 12; // its name, 13 bytes of sides and kind, and the checksum
+    constexpr std::size_t CHECKED = 4 + 13;
+    const int width = input.ConsumeIntegralInRange(1, 48);
+    const int height = input.ConsumeBool() ? width : input.ConsumeIntegralInRange(1, 48);
+    const std::string claims = input.ConsumeRandomLengthString(13);
+    auto pixels = input.ConsumeRemainingBytes<std::uint8_t>();
+    pixels.resize(static_cast<std::size_t>(width * height) * 4);
+    write_png(file, Picture{width, height, pixels});
+    std::string png = read_file(file);
+    png.replace(HEADER + 4, claims.size(), claims);
+    const auto* header = reinterpret_cast<const Bytef*>(&png[HEADER]);
+    const std::uint32_t checksum = htonl(static_cast<std::uint32_t>(crc32_z(0, header, CHECKED)));
+    std::memcpy(&png[HEADER + CHECKED], &checksum, sizeof checksum);
+    return png;
 }
 
 bool takes_a_gigabyte(const std::string& png) {
@@ -131,12 +98,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Input input(data, size);
     const int kind = input.ConsumeIntegralInRange(0, 3);
     const bool is_svg = kind == 1;
-    const std::string bytes = kind < 2 ? input.ConsumeRemainingBytesAsString() : some_png(input);
+    std::filesystem::create_directories(folder / "in");
+    const std::filesystem::path file = folder / "in/030.png";
+    const std::string bytes =
+        kind < 2 ? input.ConsumeRemainingBytesAsString() : some_png(input, file);
     if (is_svg ? takes_minutes(bytes) : takes_a_gigabyte(bytes)) {
         return -1;
     }
-    std::filesystem::create_directories(folder / "in");
-    const std::filesystem::path file = folder / "in/030.png";
     write_file(file, bytes);
     try {
         draw(is_svg ? open_svg(file, BAND_ROWS) : open_png(file));
