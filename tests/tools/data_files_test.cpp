@@ -148,6 +148,20 @@ TEST(DataFiles, bad_inputs_are_refused_in_a_line_and_the_earlier_file_is_kept) {
     EXPECT_EQ(run_in(folder, "tarvik-data track check empty.map 2>/dev/null").text, "");
 }
 
+// The program is started again when it was done before the signal came.
+TEST(DataFiles, a_map_is_whole_and_alone_when_a_signal_comes_while_it_is_written) {
+    const TemporaryFolder folder;
+    write_file(folder / "a.svg", RING);
+    for (const std::string signal : {"INT", "TERM", "HUP"}) {
+        run_in(folder, "until [ ${code:-0} -gt 128 ]; do rm -f a.map; env --default-signal "
+                       "tarvik-data track build a.svg a.map & until ls | grep -q map; do :; done; "
+                       "kill -" +
+                           signal + " $!; wait $!; code=$?; done");
+        EXPECT_THAT(folder.names(), testing::ElementsAre("a.map", "a.svg")) << signal;
+        EXPECT_EQ(std::filesystem::file_size(folder / "a.map"), MAP_BYTES) << signal;
+    }
+}
+
 TEST(DataFiles, a_watched_drawing_has_its_map_made_again_whenever_it_is_saved) {
     const TemporaryFolder folder;
     const auto page = [](int column) { // with a road in one column

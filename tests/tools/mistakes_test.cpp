@@ -8,9 +8,7 @@
 namespace tarvik {
 namespace {
 
-using testing::EndsWith;
 using testing::HasSubstr;
-using testing::StartsWith;
 
 /// Checks docs/empty-track.svg, changed by commands of sed.
 ProgramRun check(const std::string& changes, const std::string& option = "") {
@@ -78,8 +76,8 @@ TEST(Check, says_nothing_of_a_drawing_without_mistakes_but_its_measures) {
     for (const std::string background : {"#00c800", "#fff"}) {
         const ProgramRun run = check("/<rect/ s/#00c800/" + background + "/\n" +
                                      line("M 9002.6,2000 V 8000", "#3c3c3c", 61));
-        EXPECT_THAT(run.text, StartsWith("note at ("));
-        EXPECT_THAT(run.text, EndsWith(" frames at top speed\nmine.svg can be raced\n"));
+        EXPECT_THAT(run.text, testing::StartsWith("note at ("));
+        EXPECT_THAT(run.text, testing::EndsWith(" frames at top speed\nmine.svg can be raced\n"));
         EXPECT_EQ(run.exit_code, 0);
     }
 }

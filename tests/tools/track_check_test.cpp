@@ -25,7 +25,7 @@ struct Fill {
     Area area;
 };
 constexpr Fill road(int left, int top, int right, int bottom) {
-    return {CELL_ROAD, {left, top, right, bottom}};
+    return {2, {left, top, right, bottom}}; // as is every value but that of grass
 }
 constexpr Fill grass(int left, int top, int right, int bottom) {
     return {CELL_GRASS, {left, top, right, bottom}};
@@ -119,6 +119,9 @@ TEST(TrackCheck, accepts_a_good_track_and_measures_it) {
     EXPECT_NEAR(report.facts[0].cell.y, 2400, 10);
     EXPECT_EQ(report.facts[1].text, "away from the gate it is narrowest here: 100 cells");
     EXPECT_EQ(report.facts[2].text, "a lap is about 2421 cells long, 733 frames at top speed");
+    const auto along_the_border = {road(1550, 2650, 2449, 2699), grass(1650, 2550, 2349, 2659)};
+    EXPECT_EQ(check(along_the_border).facts[1].text,
+              "away from the gate it is narrowest here: 40 cells");
 }
 
 TEST(TrackCheck, only_warns_of_what_can_be_raced) {

@@ -53,8 +53,7 @@ class RowEnvelope {
                 --k;
             }
             const int across = x - sites_[k].x;
-            squares[x] =
-                static_cast<std::uint16_t>(std::min(across * across + sites_[k].square, CAP * CAP));
+            squares[x] = static_cast<std::uint16_t>(across * across + sites_[k].square);
         }
     }
 
