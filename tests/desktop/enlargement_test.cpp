@@ -7,8 +7,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr Area WINDOW = {0, 0, 640, 480};
-
 struct Screen {
     int width;
     int height;

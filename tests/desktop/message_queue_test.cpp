@@ -58,13 +58,3 @@ TEST(MessageQueue, RepeatsMergeOnlyWithARepeatOfTheSameKey) {
                                 key_repeat('Z'), with_alt,        key_down('Z'), key_down('Z')};
     EXPECT_EQ(waiting_after(different), different);
 }
-
-TEST(MessageQueue, AFullQueueDropsWhatComesLast) {
-    Messages presses;
-    for (std::size_t key = 0; key < MessageQueue::CAPACITY; ++key) {
-        presses.push_back(key_down(key));
-    }
-    Messages more = presses;
-    more.push_back(key_up('A'));
-    EXPECT_EQ(waiting_after(more), presses);
-}

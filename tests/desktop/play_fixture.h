@@ -14,7 +14,8 @@
 
 namespace tarvik {
 
-// Places in the window: two of the status texts, and one that shows nothing but the track.
+// The window, and places in it: two of the status texts, and one that shows nothing but the track.
+inline constexpr Area WINDOW = {0, 0, 640, 480};
 inline constexpr Area BARE_PLACE = {600, 300, 1, 1}; // no text and no picture there
 inline constexpr Area GEAR = {56, 58, 80, 22};
 inline constexpr Area DIFFICULTY = {56, 86, 110, 22};

@@ -89,14 +89,14 @@ TEST_F(Play, AKeyHeldWhileTheFocusLeavesStaysDownAndEscapeWorksFromAnywhere) {
     player_.press(XK_1);
     ASSERT_TRUE(player_.sees_change(DIFFICULTY, advanced));
     const Pixels easy = player_.look_at(DIFFICULTY);
-    player_.turn_away();
+    player_.turn_to(None);
     player_.release(XK_1);
-    player_.turn_to_game();
+    player_.turn_to(player_.window());
     player_.press(XK_3);
     EXPECT_TRUE(player_.sees(DIFFICULTY, advanced));
     player_.release(XK_3);
     EXPECT_TRUE(player_.sees(DIFFICULTY, easy));
-    player_.turn_away();
+    player_.turn_to(None);
     player_.press(XK_Escape);
     EXPECT_EQ(game_->wait(), 0);
 }

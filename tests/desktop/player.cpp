@@ -134,7 +134,7 @@ void Player::move_mouse_to(int x, int y) const {
     XSync(display_, False);
 }
 
-void Player::focus(Window window) const {
+void Player::turn_to(Window window) const {
     XSetInputFocus(display_, window, RevertToPointerRoot, CurrentTime);
     XSync(display_, False);
 }

@@ -76,14 +76,8 @@ class Player {
 
     void move_mouse_to(int x, int y) const;
 
-    /// Takes the keyboard away from every window.
-    void turn_away() const {
-        focus(None);
-    }
-
-    void turn_to_game() const {
-        focus(window_);
-    }
+    /// Gives the keyboard to a window, or takes it away from all of them with None.
+    void turn_to(Window window) const;
 
     /// Sends what a window manager's close button does.
     void ask_to_close() const;
@@ -105,7 +99,6 @@ class Player {
     void read_events();
     void find_window(const char* title);
     void send_key(KeySym key, Bool down) const;
-    void focus(Window window) const;
 };
 
 } // namespace tarvik

@@ -7,20 +7,51 @@
 
 namespace tarvik {
 
-inline constexpr Area WINDOW = {0, 0, 640, 480};
 inline constexpr unsigned long GATE_COLOUR = 0xE02020;
 
 class PackageTest : public PlayTest {
   protected:
-    /// Unpacks a package into the test's folder, below a folder with a blank in its name.
-    std::filesystem::path unpack(const std::string& package);
+    /// Unpacks a package into a folder with a blank in its name, and returns the one folder that
+    /// is in it.
+    std::filesystem::path unpack(const std::string& package) {
+        const std::string file = TARVIK_PACKAGES "/" + package;
+        const std::filesystem::path into = folder_ / "my games";
+        std::filesystem::create_directory(into);
+        output_of(package.ends_with(".zip")   ? Command{"unzip", "-q", file, "-d", into}
+                  : package.ends_with(".deb") ? Command{"dpkg-deb", "-x", file, into}
+                                              : Command{"tar", "-xf", file, "-C", into});
+        const std::filesystem::directory_iterator content(into);
+        EXPECT_EQ(std::distance(begin(content), end(content)), 1);
+        return *std::filesystem::directory_iterator(into);
+    }
 
     /// Waits until the first track is seen as it is at the start, in whole blocks.
-    Pixels frame_at_start();
+    Pixels frame_at_start() {
+        Pixels frame;
+        while (game_->is_running() && !player_.finds_game_with(GATE_COLOUR, 2 * 152, 2 * 32)) {
+            // Wine may take more than the player's minute.
+        }
+        EXPECT_TRUE(player_.waits_until([&] {
+            frame = player_.look_at(WINDOW);
+            return !frame.empty() && frame == fitted(frame, WINDOW.width, WINDOW.height);
+        })) << read_file(folder_ / "errors");
+        return frame;
+    }
 
     /// Shifts up and leaves.
-    void play();
-    void leave();
+    void play() {
+        player_.turn_to(player_.window());
+        const Pixels neutral = player_.look_at(GEAR);
+        player_.tap(XK_a);
+        EXPECT_TRUE(player_.sees_change(GEAR, neutral));
+        leave();
+    }
+
+    void leave() {
+        player_.press(XK_Escape);
+        EXPECT_EQ(game_->wait(), 0);
+        player_.release(XK_Escape);
+    }
 };
 
 } // namespace tarvik

@@ -8,9 +8,7 @@ namespace {
 namespace fs = std::filesystem;
 
 using testing::AllOf;
-using testing::Ge;
 using testing::HasSubstr;
-using testing::Le;
 
 constexpr Area SCREEN = {0, 0, XServer::WIDTH, XServer::HEIGHT};
 
@@ -77,7 +75,7 @@ TEST_F(WindowsPackage, PlaysBorderlessAndCentredAtSixtyFramesASecondAndIsSharpOn
     start();
     const Pixels frame = frame_at_start();
     EXPECT_TRUE(window_comes_to(centred(WINDOW.width, WINDOW.height)));
-    EXPECT_THAT(best_rate(player_), AllOf(Ge(55), Le(66)));
+    EXPECT_THAT(best_rate(player_), AllOf(testing::Ge(55), testing::Le(66)));
     play();
 
     // At 144 dots per inch a logical pixel is three device pixels wide, and no more would fit.
@@ -90,7 +88,7 @@ TEST_F(WindowsPackage, PlaysBorderlessAndCentredAtSixtyFramesASecondAndIsSharpOn
     EXPECT_TRUE(player_.sees({0, 0, 960, 720}, fitted(frame, 960, 720)));
     EXPECT_TRUE(window_comes_to(picture));
 
-    player_.turn_to_game();
+    player_.turn_to(player_.window());
     player_.tap(XK_F11);
     EXPECT_TRUE(window_comes_to(SCREEN));
     EXPECT_TRUE(player_.sees(SCREEN, fitted(frame, SCREEN.width, SCREEN.height)));
