@@ -11,15 +11,14 @@ inline constexpr unsigned long GATE_COLOUR = 0xE02020;
 
 class PackageTest : public PlayTest {
   protected:
-    /// Unpacks a package into a folder with a blank in its name, and returns the one folder that
+    /// Unpacks an archive into a folder with a blank in its name, and returns the one folder that
     /// is in it.
-    std::filesystem::path unpack(const std::string& package) {
-        const std::string file = TARVIK_PACKAGES "/" + package;
+    std::filesystem::path unpack(const std::string& file) {
         const std::filesystem::path into = folder_ / "my games";
         std::filesystem::create_directory(into);
-        output_of(package.ends_with(".zip")   ? Command{"unzip", "-q", file, "-d", into}
-                  : package.ends_with(".deb") ? Command{"dpkg-deb", "-x", file, into}
-                                              : Command{"tar", "-xf", file, "-C", into});
+        output_of(file.ends_with(".zip")   ? Command{"unzip", "-q", file, "-d", into}
+                  : file.ends_with(".deb") ? Command{"dpkg-deb", "-x", file, into}
+                                           : Command{"tar", "-xf", file, "-C", into});
         const std::filesystem::directory_iterator content(into);
         EXPECT_EQ(std::distance(begin(content), end(content)), 1);
         return *std::filesystem::directory_iterator(into);
