@@ -97,12 +97,7 @@ inline constexpr UINT WM_RBUTTONDOWN = 0x0204;
 inline constexpr UINT WM_RBUTTONUP = 0x0205;
 inline constexpr UINT WM_MBUTTONDOWN = 0x0207;
 inline constexpr UINT WM_MBUTTONUP = 0x0208;
-inline constexpr UINT WM_MOUSEWHEEL = 0x020A;
-inline constexpr UINT WM_XBUTTONDOWN = 0x020B;
-inline constexpr UINT WM_XBUTTONUP = 0x020C;
-inline constexpr UINT WM_MOUSEHWHEEL = 0x020E;
 inline constexpr WPARAM SC_CLOSE = 0xF060;
-inline constexpr WPARAM SC_SCREENSAVE = 0xF140;
 
 // Virtual keys that have a name; letters and digits are their upper-case character codes.
 inline constexpr int VK_ESCAPE = 0x1B;

@@ -12,9 +12,9 @@ inline constexpr std::int32_t BOX_LEFT = 2392;
 inline constexpr std::int32_t BOX_TOP = 2392;
 inline constexpr std::int32_t BOX_SIZE = 16;
 
-/// A pass through the box completes a lap only after more frames than these.
+/// A pass through the box completes a lap only after more than this many frames.
 inline constexpr std::int32_t MIN_LAP_FRAMES = 300;
-/// A lap with more frames than these is given up; it keeps the recording inside its buffers.
+/// A lap of more than this many frames is given up, so that its recording stays in its buffers.
 inline constexpr std::int32_t CYCLE_LIMIT = 990000;
 
 /// Records where the car is in the frame of the lap in progress, if one is timed.

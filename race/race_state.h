@@ -37,7 +37,7 @@ extern std::int32_t gear[CAR_SLOTS]; ///< 0 (neutral) to TOP_GEAR
 /// Off-road penalty, in frames: grows by 1 per corner off the road and frame, even while no lap is
 /// timed, and starts at 0 with each lap.
 extern float penalty[CAR_SLOTS];
-/// Frames since the lap began, 2 or more once a timed frame is over; 0 while none is timed.
+/// Frames of the lap so far: 0 while none is timed, else 2 to CYCLE_LIMIT + 1 once a frame is over.
 extern std::int32_t cycle[CAR_SLOTS];
 /// Frames plus penalty of the last completed lap; 0 before the first and after a reset.
 extern std::int32_t last_cycle[CAR_SLOTS];

@@ -15,9 +15,9 @@ void create_text_buffer();
 void release_text_buffer();
 
 /// Draws `text_buffer` with its top-left corner at logical (x, y). Capitals and digits take the
-/// five rows from y + 3 on, the tallest letters begin one row above them and the lowest end two
-/// below. Only set cells are drawn; what is beneath the others stays. Characters without a glyph
-/// are skipped and take up no width.
+/// five rows from y + 3 on, and the lowest letters end two rows below them. Only set cells are
+/// drawn; what is beneath the others stays. Characters without a glyph are skipped and take up no
+/// width.
 void draw_text(std::int32_t x, std::int32_t y, int red, int green, int blue);
 
 } // namespace tarvik

@@ -39,8 +39,8 @@ class ControllerKeys {
     /// is not to hear of it.
     bool passes(const Message& message);
 
-    /// Whether a controller held a key at the last append_messages, or was tapped just before it,
-    /// whatever the game has been told.
+    /// Whether a controller held a key at the last append_messages, or pressed it since the one
+    /// before, whatever the game has been told.
     bool holds(int virtual_key) const;
 
   private:

@@ -5,7 +5,8 @@
 
 namespace tarvik {
 
-// The picture in logical pixels, and how many of the game's own make up one of them each way.
+// The picture in logical pixels, as in shell/screen.h, and how many of the game's device pixels
+// each takes across and down.
 inline constexpr int LOGICAL_WIDTH = 320;
 inline constexpr int LOGICAL_HEIGHT = 240;
 inline constexpr int GAME_PIXELS = 2;

@@ -50,8 +50,8 @@ bool start_x11() {
     setenv("XMODIFIERS", "@im=none", 1);
     setenv("XCOMPOSEFILE", "/dev/null", 1);
     const bool started = start_video("x11");
-    // Read by now. On Wayland one would be a complaint on standard error, the other the wrong name
-    // for what the desktop entry is called.
+    // SDL has read them by now. Under Wayland the first would cause a complaint on standard error,
+    // and the second give the window another name than the desktop entry's.
     unsetenv("XCOMPOSEFILE");
     unsetenv("SDL_VIDEO_X11_WMCLASS");
     return started;
@@ -66,9 +66,9 @@ void start_video_or_exit() {
     const char* variable = std::getenv("TARVIK_DISPLAY");
     const std::string_view wanted = variable != nullptr ? variable : "";
     if ((wanted == "wayland" || !start_x11()) && (wanted == "x11" || !start_wayland())) {
-        exit_without("no display", wanted.empty()
-                                       ? "neither an X11 nor a Wayland server can be reached"
-                                       : "TARVIK_DISPLAY asks for one that cannot be reached");
+        exit_with_error("no display", wanted.empty()
+                                          ? "neither an X11 nor a Wayland server can be reached"
+                                          : "TARVIK_DISPLAY asks for one that cannot be reached");
     }
 }
 
@@ -96,8 +96,8 @@ void open_display_or_exit() {
     watch_game_controllers();
 }
 
-void exit_without(const char* what, const char* reason) {
-    std::fprintf(stderr, "%s: %s (%s)\n", program_invocation_short_name, what, reason);
+void exit_with_error(const char* problem, const char* reason) {
+    std::fprintf(stderr, "%s: %s (%s)\n", program_invocation_short_name, problem, reason);
     SDL_Quit();
     std::exit(EXIT_FAILURE);
 }

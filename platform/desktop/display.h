@@ -11,8 +11,8 @@ namespace tarvik {
 /// `wayland`.
 void open_display_or_exit();
 
-/// Ends the program with one line that says what is missing, and exit code 1.
-[[noreturn]] void exit_without(const char* what, const char* reason);
+/// Ends the program with one line that names the problem and its reason, and exit code 1.
+[[noreturn]] void exit_with_error(const char* problem, const char* reason);
 
 /// Whether the display is an X server's.
 bool is_x11();

@@ -21,7 +21,7 @@ void append_controller_messages(MessageQueue& queue);
 /// controller holds the key too: it is down until both have let go of it.
 bool passes_controllers(const Message& message);
 
-/// Whether a controller holds the key at this moment.
+/// Whether a controller held or pressed the key when messages were last put into the queue.
 bool controller_holds(int virtual_key);
 
 } // namespace tarvik

@@ -97,7 +97,7 @@ HGLRC WINAPI wglCreateContext(HDC device_context) {
     texture = SDL_CreateTexture(renderer, SDL_PIXELFORMAT_RGB888, SDL_TEXTUREACCESS_STREAMING,
                                 LOGICAL_WIDTH, LOGICAL_HEIGHT);
     if (texture == nullptr) {
-        exit_without("this display can show no pictures", SDL_GetError());
+        exit_with_error("this display can show no pictures", SDL_GetError());
     }
     // Black until the first frame: a new texture may hold anything.
     const std::vector<Uint32> black(std::size_t{LOGICAL_WIDTH} * LOGICAL_HEIGHT);
