@@ -2,6 +2,7 @@
 #include "tests/desktop/child_process.h"
 
 #include <csignal>
+#include <stdexcept>
 #include <thread>
 
 #include <spawn.h>
@@ -31,7 +32,9 @@ ChildProcess::ChildProcess(const std::vector<std::string>& command, const Option
         arguments.push_back(word.data());
     }
     arguments.push_back(nullptr);
-    posix_spawnp(&id_, "sh", nullptr, nullptr, arguments.data(), environ);
+    if (posix_spawnp(&id_, "sh", nullptr, nullptr, arguments.data(), environ) != 0) {
+        throw std::runtime_error("cannot start sh");
+    }
 }
 
 ChildProcess::~ChildProcess() {

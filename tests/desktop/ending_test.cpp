@@ -77,6 +77,7 @@ TEST_F(Ending, WithoutADisplayOneLineSaysSoIfSomebodyReadsIt) {
         start_game(display);
         EXPECT_EQ(game_->wait(), 1);
         const std::string words = read_file(folder_ / "errors");
+        EXPECT_TRUE(words.starts_with("tarvik: no display ("));
         EXPECT_EQ(words.find('\n'), words.size() - 1) << words;
     }
 }

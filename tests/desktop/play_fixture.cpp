@@ -13,11 +13,12 @@ namespace tarvik {
 double best_rate(Player& player) {
     double best = 0;
     for (int second = 0; second < 60 && best < 59; ++second) {
-        const int first = player.count_pictures();
         const auto start = std::chrono::steady_clock::now();
+        const int first = player.count_pictures();
         std::this_thread::sleep_for(std::chrono::seconds(1));
+        const int shown = player.count_pictures() - first;
         const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
-        best = std::max(best, (player.count_pictures() - first) / passed.count());
+        best = std::max(best, shown / passed.count());
     }
     return best;
 }

@@ -3,8 +3,6 @@
 
 #include <gmock/gmock.h>
 
-#include <utility>
-
 namespace tarvik {
 
 namespace {
@@ -103,17 +101,6 @@ TEST_F(Play, AKeyHeldWhileTheFocusLeavesStaysDownAndEscapeWorksFromAnywhere) {
 
 TEST_F(BareDisplay, ShowsTheRaceWithoutOpenGL) {
     start_race({}, {{"SDL_RENDER_DRIVER", "opengl"}});
-}
-
-// The second window comes while the first is open; what the first leaves is whole.
-TEST_F(Play, TwoGamesShareOneFolder) {
-    start_race();
-    const auto first = std::move(game_);
-    start_game(server_.display());
-    EXPECT_TRUE(player_.waits_until([this] { return player_.count_shown_windows() == 2; }));
-    player_.ask_to_close();
-    EXPECT_EQ(first->wait(), 0);
-    ASSERT_TRUE(player_.finds_game_with(MARKER_COLOUR, MARKER_AT_START.x, MARKER_AT_START.y));
 }
 
 } // namespace tarvik

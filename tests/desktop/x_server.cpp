@@ -20,7 +20,7 @@ XServer::XServer(const std::vector<std::string>& further_arguments) {
         return (std::getline(file, number) && !file.eof()) || !server_->is_running();
     });
     if (number.empty() || !server_->is_running()) {
-        throw std::runtime_error("Xvfb did not start");
+        throw std::runtime_error("Xvfb did not start: " + read_file(folder_ / "log"));
     }
     display_ = ":" + number;
 }

@@ -61,7 +61,7 @@ TEST_F(LinuxPackage, NamesWhatIsMissing) {
 
     const fs::path folder = unpack(TARVIK_LINUX_PACKAGE);
     expect_refusal(folder / "tarvik", "", "there is no display");
-    expect_refusal(folder / "tarvik", ":98765", "no display");
+    expect_refusal(folder / "tarvik", ":98765", "tarvik: no display (");
 
     // A library that the loader does not find: the program asks for one with a name of that length.
     output_of({"sed", "-i", "s/libX11.so.6/libX77.so.6/", folder / "bin/tarvik"});

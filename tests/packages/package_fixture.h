@@ -24,12 +24,18 @@ class PackageTest : public PlayTest {
         return *std::filesystem::directory_iterator(into);
     }
 
-    /// Waits until the first track is seen as it is at the start, in whole blocks.
+    /// Waits until the first track is seen as it is at the start, in blocks of so many pixels. Wine
+    /// may take more than the player's minute.
+    void wait_for_start(int factor) {
+        while (game_->is_running() &&
+               !player_.finds_game_with(GATE_COLOUR, factor * 152, factor * 32)) {
+        }
+    }
+
+    /// Does so, and until each logical pixel is a block of its own.
     Pixels frame_at_start() {
         Pixels frame;
-        while (game_->is_running() && !player_.finds_game_with(GATE_COLOUR, 2 * 152, 2 * 32)) {
-            // Wine may take more than the player's minute.
-        }
+        wait_for_start(2);
         EXPECT_TRUE(player_.waits_until([&] {
             frame = player_.look_at(WINDOW);
             return !frame.empty() && frame == fitted(frame, WINDOW.width, WINDOW.height);

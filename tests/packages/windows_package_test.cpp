@@ -84,7 +84,7 @@ TEST_F(WindowsPackage, PlaysBorderlessAndCentredAtSixtyFramesASecondAndIsSharpOn
     stop_wine();
     start();
     const Area picture = centred(960, 720);
-    ASSERT_TRUE(player_.finds_game_with(GATE_COLOUR, 3 * 152, 3 * 32));
+    wait_for_start(3);
     EXPECT_TRUE(player_.sees({0, 0, 960, 720}, fitted(frame, 960, 720)));
     EXPECT_TRUE(window_comes_to(picture));
 

@@ -27,7 +27,8 @@ inline ProgramRun run_in(const TemporaryFolder& folder, const std::string& comma
     for (int byte = std::fgetc(output); byte != EOF; byte = std::fgetc(output)) {
         run.text += static_cast<char>(byte);
     }
-    run.exit_code = WEXITSTATUS(pclose(output));
+    const int status = pclose(output);
+    run.exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
     return run;
 }
 

@@ -33,7 +33,7 @@ Sway::Sway(const std::string& display) {
                                               .errors = folder_ / "log"});
     Player::waits_until([this] { return tell("nop") || !compositor_->is_running(); });
     if (!compositor_->is_running()) {
-        throw std::runtime_error("sway did not start");
+        throw std::runtime_error("sway did not start: " + read_file(folder_ / "log"));
     }
 }
 
