@@ -128,6 +128,7 @@ TEST(DataFiles, bad_inputs_are_refused_in_a_line_and_the_earlier_file_is_kept) {
         EXPECT_EQ(folder.names(), before);
     };
     refused("track build nowhere.svg kept", "cannot read nowhere.svg: No such file");
+    refused("track watch nowhere.svg kept", "cannot read nowhere.svg: No such file");
     refused("track build . kept", "cannot read .: Is a directory");
     refused("track build text.svg kept", "text.svg is not an SVG drawing");
     refused("track build good.svg nowhere/a.map", "cannot write nowhere/a.map: No such file");

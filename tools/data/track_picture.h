@@ -1,4 +1,4 @@
-// Track maps as PNG pictures: previews of maps, and maps from drawn pictures.
+// Previews of track maps as PNG pictures.
 #pragma once
 
 #include <filesystem>

@@ -4,6 +4,7 @@
 
 #include "tools/data/build_track.h"
 #include "tools/files/failure.h"
+#include "tools/files/whole_file.h"
 
 #include <exception>
 #include <gio/gio.h>
@@ -68,6 +69,7 @@ gboolean on_input(gint input, GIOCondition, gpointer loop) {
 } // namespace
 
 void watch_drawing(const fs::path& drawing, const fs::path& map, std::ostream& out) {
+    open_file(drawing); // says why, if it cannot be read
     GFile* file = g_file_new_for_path(drawing.c_str());
     GError* error = nullptr;
     GFileMonitor* monitor = g_file_monitor_file(file, G_FILE_MONITOR_WATCH_MOVES, nullptr, &error);
