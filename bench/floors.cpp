@@ -1,4 +1,4 @@
-// The floors' memory is their own and, but for the last, warm.
+// Each floor has memory of its own; all but the last have touched it before they are timed.
 #include "bench/floors.h"
 
 #include "race/track_grid.h"
@@ -29,7 +29,7 @@ std::uint8_t* warm(std::size_t bytes) {
 }
 
 void read_map(std::uint8_t* target) {
-    std::ifstream("data/race1.map", std::ios::binary) // reads so much with one call
+    std::ifstream("data/race1.map", std::ios::binary) // reads this much with one call
         .read(reinterpret_cast<char*>(target), TRACK_MAP_BYTES);
 }
 

@@ -1,4 +1,4 @@
-// As entry does it, without the frame loop.
+// Starts the game as WinMain does, but without its main loop.
 #include "bench/race.h"
 
 #include "game/start_up.h"

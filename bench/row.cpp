@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <ctime>
+#include <vector>
 
 namespace tarvik::bench {
 

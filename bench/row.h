@@ -5,7 +5,6 @@
 #include <benchmark/benchmark.h>
 
 #include <functional>
-#include <vector>
 
 namespace tarvik::bench {
 

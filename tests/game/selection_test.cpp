@@ -3,8 +3,6 @@
 #include "race/race_selection.h"
 #include "tests/support/race_test.h"
 
-#include <cstring>
-
 namespace tarvik::test {
 namespace {
 

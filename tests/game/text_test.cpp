@@ -1,6 +1,5 @@
 // The font and the texts on the screen.
 #include "race/track_view.h"
-#include "race/view.h"
 #include "render/glyph_table.h"
 #include "render/presentation.h"
 #include "render/text.h"

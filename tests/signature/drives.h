@@ -16,7 +16,7 @@ struct Drive {
 /// Those that make the signature, in the order in which they do.
 extern const Drive SIGNATURE_DRIVES[3];
 
-/// What is left of the driver's luck; the same on every machine.
+/// State of the random numbers that the drives draw from; the same on every machine.
 extern std::uint32_t luck;
 
 /// For minutes or hours of play: round the ring, anyhow, far off the road and the grid, laps as

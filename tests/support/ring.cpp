@@ -1,8 +1,7 @@
-// The ring and round it, in exact arithmetic.
+// The ring's map, and a driver that goes round it with exactly rounded arithmetic only.
 #include "tests/support/ring.h"
 
 #include "platform/driver.h"
-#include "race/race_selection.h"
 #include "race/race_state.h"
 #include "race/random.h"
 #include "race/track_grid.h"

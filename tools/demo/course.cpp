@@ -4,7 +4,6 @@
 #include "race/heading.h"
 #include "race/track_grid.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 

@@ -3,7 +3,6 @@
 
 #include "tools/demo/course.h"
 
-#include <cstddef>
 #include <vector>
 
 namespace tarvik::demo {

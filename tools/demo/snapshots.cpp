@@ -4,7 +4,6 @@
 #include "platform/scripted/scripted.h"
 #include "race/laps.h"
 #include "race/race_state.h"
-#include "race/view.h"
 #include "tools/demo/drive.h"
 #include "tools/files/png_file.h"
 
@@ -15,7 +14,6 @@
 #include <stdexcept>
 #include <string>
 #include <system_error>
-#include <vector>
 
 namespace tarvik::demo {
 
