@@ -47,7 +47,7 @@ double time_of_bare_frame(int width, int height) {
     const double seconds = time_of_frame([&] {
         std::memcpy(surface->pixels, frame.data(), frame.size());
         SDL_UpdateWindowSurface(window);
-        wait_for_next_picture();
+        wait_for_next_frame();
     });
     SDL_DestroyWindow(window);
     return seconds;

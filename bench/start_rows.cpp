@@ -87,7 +87,7 @@ BENCHMARK(memory)->Name("memory at its peak")->Iterations(1)->UseManualTime();
 int print_sample(const std::string& name) {
     demo::enter_data_folder({}, 2);
     if (name == "start") {
-        scripted::set_picture_hook(on_first_frame);
+        scripted::set_frame_hook(on_first_frame);
         start_time = now();
         WinMain(nullptr, nullptr, nullptr, 0);
     } else if (name == "start-floor") {

@@ -5,7 +5,7 @@
 //                            track), racing, ended (waits for the button), failed
 //   #game                    the canvas, 640 by 480 pixels; has the focus during a race
 //   #start                   the button that starts the race and the next one
-//   window.tarvik.pictures   frames shown since the race began
+//   window.tarvik.frames   frames shown since the race began
 //   window.tarvik.laps       laps completed since then: { track, frames }, the penalty included
 // The document gets a "statechange" event whenever data-state has changed.
 'use strict';
@@ -157,8 +157,8 @@
         lastWords = line;
         console.warn(line);
       },
-      pictureShown() {
-        window.tarvik.pictures += 1;
+      frameShown() {
+        window.tarvik.frames += 1;
         if (document.documentElement.dataset.state === 'starting') {
           setState('racing');
         }
@@ -172,7 +172,7 @@
   }
 
   function result() {
-    const seconds = Math.round(window.tarvik.pictures / 60);
+    const seconds = Math.round(window.tarvik.frames / 60);
     const minutes = Math.floor(seconds / 60);
     const time = minutes > 0 ? `${minutes} min ${seconds % 60} s` : `${seconds} s`;
     const tracks = [1, 2].map((track) => {
@@ -193,7 +193,7 @@
       location.reload();
       return;
     }
-    window.tarvik.pictures = 0;
+    window.tarvik.frames = 0;
     window.tarvik.laps = [];
     progress.removeAttribute('value');
     setState('starting', 'Here we go', 'The track is being unpacked.');

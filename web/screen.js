@@ -4,7 +4,7 @@
 // touch screen while somebody drives. tarvik.touch tells whether fingers are the main pointer.
 'use strict';
 
-window.tarvik = { pictures: 0, laps: [], touch: matchMedia('(pointer: coarse)') };
+window.tarvik = { frames: 0, laps: [], touch: matchMedia('(pointer: coarse)') };
 
 (() => {
   const BLOCKS_ACROSS = 320;

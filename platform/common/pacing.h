@@ -8,21 +8,20 @@
 
 namespace tarvik {
 
-using PictureClock = std::chrono::steady_clock;
+using FrameClock = std::chrono::steady_clock;
 
 /// The time between two frames.
-inline constexpr std::chrono::nanoseconds PICTURE_TIME{1'000'000'000 / 60 + 1};
+inline constexpr std::chrono::nanoseconds FRAME_TIME{1'000'000'000 / 60 + 1};
 
 /// When the frame after the one due at `due` may begin. A frame that is a little late does not move
 /// the later ones; after a halt (a Sleep, a track being loaded) the pace starts afresh instead of
 /// making up for it.
-constexpr PictureClock::time_point next_due(PictureClock::time_point due,
-                                            PictureClock::time_point now) {
-    const PictureClock::time_point next = due + PICTURE_TIME;
-    return now - next > PICTURE_TIME ? now : next;
+constexpr FrameClock::time_point next_due(FrameClock::time_point due, FrameClock::time_point now) {
+    const FrameClock::time_point next = due + FRAME_TIME;
+    return now - next > FRAME_TIME ? now : next;
 }
 
 /// Waits, after a frame was shown, until the next one may begin; each layer has its own way.
-void wait_for_next_picture();
+void wait_for_next_frame();
 
 } // namespace tarvik

@@ -5,7 +5,7 @@
 #include "platform/desktop/close_signals.h"
 #include "platform/desktop/full_screen.h"
 #include "platform/desktop/game_controllers.h"
-#include "platform/desktop/picture.h"
+#include "platform/desktop/presentation.h"
 #include "platform/desktop/x11_errors.h"
 #include "platform/desktop/x11_keyboard.h"
 

@@ -1,6 +1,6 @@
 // Everything that waits: frame pacing and Sleep.
 #include "platform/common/pacing.h"
-#include "platform/desktop/picture.h"
+#include "platform/desktop/presentation.h"
 #include "platform/win32.h"
 
 #include <SDL_events.h>
@@ -10,9 +10,9 @@
 
 namespace tarvik {
 
-void wait_for_next_picture() {
-    static PictureClock::time_point due{};
-    due = next_due(due, PictureClock::now());
+void wait_for_next_frame() {
+    static FrameClock::time_point due{};
+    due = next_due(due, FrameClock::now());
     std::this_thread::sleep_until(due);
 }
 
@@ -21,14 +21,14 @@ void wait_for_next_picture() {
 using namespace tarvik;
 
 // Sleeps through signals: a close request waits for its turn as it would on Windows. Only the
-// picture is redrawn, as Windows itself would do, when the window is uncovered or resized.
+// frame is shown again, as Windows itself would do, when the window is uncovered or resized.
 extern "C" void WINAPI Sleep(DWORD milliseconds) {
-    const auto end = PictureClock::now() + std::chrono::milliseconds(milliseconds);
-    for (auto now = PictureClock::now(); now < end; now = PictureClock::now()) {
-        std::this_thread::sleep_for(std::min<PictureClock::duration>(end - now, PICTURE_TIME));
+    const auto end = FrameClock::now() + std::chrono::milliseconds(milliseconds);
+    for (auto now = FrameClock::now(); now < end; now = FrameClock::now()) {
+        std::this_thread::sleep_for(std::min<FrameClock::duration>(end - now, FRAME_TIME));
         SDL_PumpEvents();
         if (SDL_HasEvent(SDL_WINDOWEVENT) == SDL_TRUE) {
-            show_picture_again();
+            show_frame_again();
         }
     }
 }

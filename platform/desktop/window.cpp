@@ -1,8 +1,8 @@
 // The window and its class.
-#include "platform/common/picture_area.h"
+#include "platform/common/viewport.h"
 #include "platform/desktop/display.h"
 #include "platform/desktop/game_window.h"
-#include "platform/desktop/picture.h"
+#include "platform/desktop/presentation.h"
 #include "platform/desktop/x11_desktop.h"
 
 #include <SDL.h>
@@ -53,7 +53,7 @@ BOOL WINAPI UnregisterClassA(LPCSTR, HINSTANCE) {
     return TRUE;
 }
 
-// Position and size are those of the picture: a popup window has no border. As on Windows,
+// Position and size are those of the frame: a popup window has no border. As on Windows,
 // positions count from the corner of the primary display. A window that is made larger keeps its
 // middle.
 HWND WINAPI CreateWindowExA(DWORD, LPCSTR, LPCSTR title, DWORD, int x, int y, int width, int height,
@@ -78,7 +78,7 @@ BOOL WINAPI ShowWindow(HWND window, int show_command) {
     if (show_command == SW_SHOW) {
         SDL_ShowWindow(shown);
         SDL_RaiseWindow(shown);
-        show_picture_again(); // until then an X11 window shows what was on the screen before
+        show_frame_again(); // until then an X11 window shows what was on the screen before
     } else {
         SDL_HideWindow(shown);
     }

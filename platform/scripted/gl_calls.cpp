@@ -8,7 +8,7 @@ namespace tarvik::scripted {
 
 namespace {
 
-PictureHook picture_hook = nullptr;
+FrameHook frame_hook = nullptr;
 
 // What glDrawPixels was given last, shown by the next swap.
 const std::uint8_t* drawn_pixels = nullptr;
@@ -32,8 +32,8 @@ void record_format(const char* call, HDC device_context, const PIXELFORMATDESCRI
 
 } // namespace
 
-void set_picture_hook(PictureHook hook) {
-    picture_hook = hook;
+void set_frame_hook(FrameHook hook) {
+    frame_hook = hook;
 }
 
 } // namespace tarvik::scripted
@@ -81,8 +81,8 @@ void APIENTRY glDrawPixels(GLsizei width, GLsizei height, GLenum format, GLenum 
 
 BOOL WINAPI SwapBuffers(HDC device_context) {
     record("SwapBuffers %s", name_of(device_context));
-    if (picture_hook != nullptr && drawn_pixels != nullptr) {
-        picture_hook(drawn_pixels, drawn_width, drawn_height);
+    if (frame_hook != nullptr && drawn_pixels != nullptr) {
+        frame_hook(drawn_pixels, drawn_width, drawn_height);
     }
     return TRUE;
 }

@@ -41,8 +41,8 @@ extern bool memory_folder_exists;
 // --- What the game does ------------------------------------------------------------------------
 
 /// Called with each frame as it is shown: rows from the bottom up, red, green, blue.
-using PictureHook = void (*)(const std::uint8_t* pixels, int width, int height);
-void set_picture_hook(PictureHook hook);
+using FrameHook = void (*)(const std::uint8_t* pixels, int width, int height);
+void set_frame_hook(FrameHook hook);
 
 /// Whether calls are written down, and the calls written down so far, a line each: the name and
 /// the arguments that matter, handles by name.

@@ -73,7 +73,7 @@ EM_BOOL on_blur(int, const EmscriptenFocusEvent*, void*) {
     return EM_FALSE;
 }
 
-/// The canvas may be enlarged; the game counts the pixels of its own picture.
+/// The canvas may be enlarged; the game counts the pixels of its own frame.
 EM_BOOL on_mouse_move(int, const EmscriptenMouseEvent* event, void*) {
     double width = 0;
     double height = 0;

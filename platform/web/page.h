@@ -14,12 +14,12 @@ extern "C" {
 
 /// Puts `width` by `height` pixels on the canvas: rows from the top down, red, green, blue and
 /// an opaque alpha, a byte each.
-void page_show_picture(const DWORD* pixels, int width, int height);
+void page_show_frame(const DWORD* pixels, int width, int height);
 
 /// Waits until the next frame may be shown, which is due in `milliseconds` (negative if late), in
 /// step with the display as far as its refresh rate allows. In a hidden page it waits until the
 /// page is visible.
-void page_wait_for_picture(double milliseconds);
+void page_wait_for_frame(double milliseconds);
 
 /// Tells the page of a lap completed on a track: its result, in frames.
 void page_lap_completed(int track, int frames);

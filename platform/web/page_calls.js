@@ -1,11 +1,11 @@
 // The page's part of the layer, by the names of page.h; emscripten links it with the program.
 //
 // `Module` is what the page hands to createTarvik: `canvas`; `files`, a map from names such as
-// "data/race1.map" to Uint8Arrays packed by gzip; `pictureShown`, called after each frame; and
+// "data/race1.map" to Uint8Arrays packed by gzip; `frameShown`, called after each frame; and
 // `lapCompleted`, called with a lap's track and result.
 mergeInto(LibraryManager.library, {
   $page: {
-    picture: null, // ImageData over the program's own memory
+    frame: null, // ImageData over the program's own memory
     files: {}, // open files by number
     lastFile: 0,
     // Sent to a port whose other end is closed, a part's memory is free at once. The browser by
@@ -20,23 +20,23 @@ mergeInto(LibraryManager.library, {
     },
   },
 
-  page_show_picture__deps: ['$page'],
-  page_show_picture: function (pixels, width, height) {
-    if (!page.picture || page.picture.data.byteOffset !== pixels) {
+  page_show_frame__deps: ['$page'],
+  page_show_frame: function (pixels, width, height) {
+    if (!page.frame || page.frame.data.byteOffset !== pixels) {
       var bytes = new Uint8ClampedArray(HEAPU8.buffer, pixels, width * height * 4);
-      page.picture = new ImageData(bytes, width, height);
+      page.frame = new ImageData(bytes, width, height);
       page.canvas = Module['canvas'].getContext('2d', { alpha: false });
     }
-    page.canvas.putImageData(page.picture, 0, 0);
-    Module['pictureShown']();
+    page.canvas.putImageData(page.frame, 0, 0);
+    Module['frameShown']();
   },
 
   // Display refreshes come first, so that a frame stays for a whole number of them: the first one
   // from a little before the deadline on. Where refreshes are too rare for that (a display slower
   // than 60 Hz) a timer keeps the pace; but not while the page is hidden, when there are no
   // refreshes and the game is suspended.
-  page_wait_for_picture__deps: ['$Asyncify'],
-  page_wait_for_picture: function (milliseconds) {
+  page_wait_for_frame__deps: ['$Asyncify'],
+  page_wait_for_frame: function (milliseconds) {
     Asyncify.handleSleep(function (wakeUp) {
       var EARLY = 4;
       var LATE = 10;

@@ -22,10 +22,10 @@ void move_to(HWND window, const RECT& place) {
 
 } // namespace
 
-PictureArea current_picture_area(HWND window) {
+Viewport current_viewport(HWND window) {
     RECT client{};
     GetClientRect(window, &client);
-    return picture_area(client.right, client.bottom);
+    return viewport_in(client.right, client.bottom);
 }
 
 void toggle_full_screen(HWND window) {

@@ -1,13 +1,13 @@
 // The window that the game has opened.
 #pragma once
 
-#include "platform/common/picture_area.h"
+#include "platform/common/viewport.h"
 #include "platform/win32.h"
 
 namespace tarvik {
 
-/// Where the picture is in the game's window now.
-PictureArea current_picture_area(HWND window);
+/// Where frames are shown in the game's window now.
+Viewport current_viewport(HWND window);
 
 /// Lets the window take the whole display that it is on, or gives it back its place and size.
 void toggle_full_screen(HWND window);

@@ -18,12 +18,12 @@ HANDLE make_timer() {
 
 } // namespace
 
-void wait_for_next_picture() {
+void wait_for_next_frame() {
     using TimerTicks = std::chrono::duration<LONGLONG, std::ratio<1, 10'000'000>>;
     static const HANDLE timer = make_timer();
-    static PictureClock::time_point due{};
+    static FrameClock::time_point due{};
 
-    const PictureClock::time_point now = PictureClock::now();
+    const FrameClock::time_point now = FrameClock::now();
     due = next_due(due, now);
     if (due > now) {
         LARGE_INTEGER time{};
@@ -42,10 +42,10 @@ extern "C" {
 void APIENTRY glDrawPixels(GLsizei width, GLsizei height, GLenum format, GLenum type,
                            const GLvoid* pixels) {
     static const auto draw = system_call<decltype(glDrawPixels)>("opengl32", "glDrawPixels");
-    const PictureArea area = current_picture_area(WindowFromDC(wglGetCurrentDC()));
-    const int shown_width = LOGICAL_WIDTH * area.factor;
-    const int shown_height = LOGICAL_HEIGHT * area.factor;
-    glViewport(area.left, area.below, shown_width, shown_height);
+    const Viewport viewport = current_viewport(WindowFromDC(wglGetCurrentDC()));
+    const int shown_width = LOGICAL_WIDTH * viewport.factor;
+    const int shown_height = LOGICAL_HEIGHT * viewport.factor;
+    glViewport(viewport.left, viewport.below, shown_width, shown_height);
     glRasterPos2i(-1, -1); // the lower left corner of that
     glPixelZoom(static_cast<GLfloat>(shown_width) / static_cast<GLfloat>(width),
                 static_cast<GLfloat>(shown_height) / static_cast<GLfloat>(height));
@@ -55,7 +55,7 @@ void APIENTRY glDrawPixels(GLsizei width, GLsizei height, GLenum format, GLenum 
 BOOL WINAPI SwapBuffers(HDC device_context) {
     static const auto swap = system_call<decltype(SwapBuffers)>("gdi32", "SwapBuffers");
     const BOOL swapped = swap(device_context);
-    wait_for_next_picture();
+    wait_for_next_frame();
     return swapped;
 }
 }

@@ -27,16 +27,16 @@ bool is_first_press(UINT message, LPARAM key_flags) {
     return (message == WM_KEYDOWN || message == WM_SYSKEYDOWN) && (key_flags & WAS_DOWN) == 0;
 }
 
-// To the game, a place beside the picture is outside the window.
+// To the game, a place outside the viewport is outside the window.
 LRESULT pass_mouse_move(HWND window, WPARAM buttons, LPARAM place) {
-    const PictureArea area = current_picture_area(window);
+    const Viewport viewport = current_viewport(window);
     const int x = static_cast<short>(LOWORD(place));
     const int y = static_cast<short>(HIWORD(place));
-    if (!area.contains(x, y)) {
+    if (!viewport.contains(x, y)) {
         return 0;
     }
     return game_procedure(window, WM_MOUSEMOVE, buttons,
-                          MAKELPARAM(area.game_x(x), area.game_y(y)));
+                          MAKELPARAM(viewport.game_x(x), viewport.game_y(y)));
 }
 
 LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {

@@ -96,7 +96,7 @@ TEST_F(Play, FilesMayShrinkAndGrowWhileTheyAreRead) {
     start_game(server_.display());
     ASSERT_TRUE(player_.finds_game_with(ROAD_COLOUR, BARE_PLACE.x, BARE_PLACE.y));
     player_.press(XK_bracketright);
-    EXPECT_TRUE(player_.sees_pictures(60));
+    EXPECT_TRUE(player_.sees_frames(60));
 }
 
 } // namespace tarvik

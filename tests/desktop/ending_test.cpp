@@ -42,7 +42,7 @@ TEST_F(Ending, ASignalOrTheCloseButtonEndsItCleanlyEvenDuringAWait) {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP, 0}) {
         start_race();
         player_.press(XK_F1);
-        ASSERT_TRUE(player_.sees_pictures(5));
+        ASSERT_TRUE(player_.sees_frames(5));
         if (signal == 0) {
             player_.ask_to_close();
         }
@@ -56,7 +56,7 @@ TEST_F(Ending, SignalsThatWereIgnoredBeforeStayIgnored) {
     start_race({"sh", "-c", "trap '' HUP INT; exec '" TARVIK_PROGRAM "'"});
     game_->send(SIGHUP);
     game_->send(SIGINT);
-    EXPECT_TRUE(player_.sees_pictures(20));
+    EXPECT_TRUE(player_.sees_frames(20));
 }
 
 // Neither the display's connection nor a map may take the number of a closed stream.

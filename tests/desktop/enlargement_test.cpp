@@ -1,4 +1,4 @@
-// The picture in windows of any size: on the whole screen, as a tile, on dense desktops.
+// Frames in windows of any size: on the whole screen, as a tile, on dense desktops.
 #include "tests/desktop/play_fixture.h"
 
 #include <X11/Xatom.h>
@@ -42,13 +42,13 @@ TEST_P(FullScreen, UsesWholeBlocksAndLeavingItRestoresTheWindow) {
     EXPECT_TRUE(player_.sees({0, 0, width, height}, fitted(frame, width, height)));
     EXPECT_EQ(player_.place(), (Area{0, 0, width, height}));
 
-    // The pointer is at twice the mouse's distance from the picture's corner.
+    // The pointer is at twice the mouse's distance from the frame's corner.
     const int left = (width - 320 * factor) / 2;
     const int top = (height - 240 * factor) / 2;
     player_.move_mouse_to(left + 100 * factor, top + 70 * factor);
     const Area pointer = {left + 200 * factor - 1, top + 140 * factor, 2, 1};
     EXPECT_TRUE(player_.sees(pointer, {ROAD_COLOUR, POINTER_COLOUR}));
-    player_.move_mouse_to(0, 100); // beside the picture
+    player_.move_mouse_to(0, 100); // beside the frame
 
     player_.press(XK_Alt_L);
     player_.press(XK_Return);
@@ -56,7 +56,7 @@ TEST_P(FullScreen, UsesWholeBlocksAndLeavingItRestoresTheWindow) {
     player_.release(XK_Return);
     EXPECT_TRUE(player_.waits_until([&] { return player_.place() == windowed; }));
     EXPECT_TRUE(player_.sees({400, 280, 1, 1}, {POINTER_COLOUR}))
-        << "the move beside the picture came before";
+        << "the move beside the frame came before";
     const Area tip = {199, 100, 2, 1};
     player_.move_mouse_to(100, 50);
     EXPECT_TRUE(player_.sees(tip, {ROAD_COLOUR, POINTER_COLOUR}));
@@ -72,10 +72,10 @@ INSTANTIATE_TEST_SUITE_P(Desktop, FullScreen,
                                          Screen{1920, 1080, 4}, Screen{3840, 2160, 9}),
                          [](const auto& each) { return each.param.size(); });
 
-// As a tiling window manager does, and on to a window that is smaller than the picture.
-TEST_F(Enlargement, ThePictureFitsAWindowOfAnySize) {
+// As a tiling window manager does, and on to a window that is smaller than a frame.
+TEST_F(Enlargement, TheFrameFitsAWindowOfAnySize) {
     start_race();
-    player_.move_mouse_to(1000, 600); // so that no pointer is in the picture
+    player_.move_mouse_to(1000, 600); // so that no pointer is in the frame
     const Pixels frame = player_.look_at(WINDOW);
     for (const Area& tile : {Area{0, 0, 1001, 733}, Area{0, 0, 639, 700}, Area{0, 0, 200, 150}}) {
         XMoveResizeWindow(player_.display(), player_.window(), tile.x, tile.y,

@@ -14,9 +14,9 @@ double best_rate(Player& player) {
     double best = 0;
     for (int second = 0; second < 60 && best < 59; ++second) {
         const auto start = std::chrono::steady_clock::now();
-        const int first = player.count_pictures();
+        const int first = player.count_frames();
         std::this_thread::sleep_for(std::chrono::seconds(1));
-        const int shown = player.count_pictures() - first;
+        const int shown = player.count_frames() - first;
         const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
         best = std::max(best, shown / passed.count());
     }

@@ -69,7 +69,7 @@ TEST_F(Play, AltF4AndF10DoNothing) {
     player_.press(XK_Alt_L);
     player_.press(XK_F4);
     player_.ask_to_close(); // as a window manager does at these keys
-    ASSERT_TRUE(player_.sees_pictures(5));
+    ASSERT_TRUE(player_.sees_frames(5));
     player_.release(XK_F4);
     player_.tap(XK_a);
     player_.release(XK_Alt_L);

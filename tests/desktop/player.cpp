@@ -129,8 +129,8 @@ void Player::send_key(KeySym key, Bool down) const {
 }
 
 void Player::move_mouse_to(int x, int y) const {
-    const Area picture = place();
-    XTestFakeMotionEvent(display_, -1, picture.x + x, picture.y + y, CurrentTime);
+    const Area shown = place();
+    XTestFakeMotionEvent(display_, -1, shown.x + x, shown.y + y, CurrentTime);
     XSync(display_, False);
 }
 
@@ -150,14 +150,14 @@ void Player::ask_to_close() const {
     XSync(display_, False);
 }
 
-int Player::count_pictures() {
+int Player::count_frames() {
     read_events();
-    return pictures_;
+    return frames_;
 }
 
-bool Player::sees_pictures(int count) {
-    const int enough = count_pictures() + count;
-    return waits_until([&] { return count_pictures() >= enough; });
+bool Player::sees_frames(int count) {
+    const int enough = count_frames() + count;
+    return waits_until([&] { return count_frames() >= enough; });
 }
 
 void Player::read_events() {
@@ -166,7 +166,7 @@ void Player::read_events() {
         XNextEvent(display_, &event);
         shown_windows_ += event.type == MapNotify ? 1 : 0;
         // A frame reaches the window in one piece.
-        pictures_ += event.type == damage_event_ + XDamageNotify ? 1 : 0;
+        frames_ += event.type == damage_event_ + XDamageNotify ? 1 : 0;
     }
 }
 

@@ -83,16 +83,16 @@ class Player {
     void ask_to_close() const;
 
     /// Number of frames that the window has shown since it was found.
-    int count_pictures();
+    int count_frames();
 
     /// Waits until the window has shown so many more.
-    bool sees_pictures(int count);
+    bool sees_frames(int count);
 
   private:
     Display* display_;
     Window window_ = None;
     int shown_windows_ = 0;
-    int pictures_ = 0;
+    int frames_ = 0;
     XID damage_ = None; ///< reports the window's frames
     int damage_event_ = 0;
 

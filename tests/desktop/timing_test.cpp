@@ -62,7 +62,7 @@ INSTANTIATE_TEST_SUITE_P(Desktop, ArchiveTiming, testing::ValuesIn(ARCHIVES),
 // drawn, the one that takes the key, and the next one with the new text. Two more are allowed. A
 // flood that delays keys delays all of them; a busy machine may delay some.
 TEST_F(Timing, AFloodOfMouseMovesDoesNotDelayAKey) {
-    constexpr int MOST_PICTURES = 3 + 2;
+    constexpr int MOST_FRAMES = 3 + 2;
     constexpr int MOVES = 300;
     start_race();
     int fewest = MOVES;
@@ -74,12 +74,12 @@ TEST_F(Timing, AFloodOfMouseMovesDoesNotDelayAKey) {
             player_.move_mouse_to(200 + move % 20, 200);
         }
         player_.tap(key);
-        const int first = player_.count_pictures();
+        const int first = player_.count_frames();
         game_->send(SIGCONT);
         ASSERT_TRUE(player_.sees_change(DIFFICULTY, before));
-        fewest = std::min(fewest, player_.count_pictures() - first);
+        fewest = std::min(fewest, player_.count_frames() - first);
     }
-    EXPECT_LE(fewest, MOST_PICTURES);
+    EXPECT_LE(fewest, MOST_FRAMES);
 }
 
 } // namespace tarvik

@@ -88,7 +88,7 @@ void compare_drawing(DrawSprite draw, std::int32_t x, std::int32_t y, std::int32
             expected[static_cast<std::size_t>(at_y * LOGICAL_WIDTH + at_x)] = colour;
         }
     }
-    require(test::drawn_picture().pixels == expected, "a pixel differs from the plain drawing's");
+    require(test::drawn_frame().pixels == expected, "a pixel differs from the plain drawing's");
 }
 
 /// At the edges of the view and as far beyond them as numbers go.

@@ -8,7 +8,7 @@
 #include "race/track_grid.h"
 #include "shell/input.h"
 #include "tests/fuzz/fuzz_game.h"
-#include "tests/support/picture.h"
+#include "tests/support/frame.h"
 
 #include <algorithm>
 #include <cmath>
@@ -166,7 +166,7 @@ void play(Input& input) {
             left -= is_down(VK_OEM_4) || is_down(VK_OEM_6) ? SWITCH_FRAMES : 1;
         }
     }
-    test::drawn_picture(); // throws if a logical pixel is not of one colour
+    test::drawn_frame(); // throws if a logical pixel is not of one colour
 }
 
 } // namespace tarvik::fuzz

@@ -27,10 +27,10 @@ class Drawing : public RaceTest {
                                 int at_y) {
         std::memset(frame_buffer, 255, frame_bytes());
         draw(at_x, at_y, 30);
-        const Picture picture = drawn_picture();
+        const Frame frame = drawn_frame();
         std::ostringstream found;
         for (int i = 0; i < LOGICAL_WIDTH * LOGICAL_HEIGHT; ++i) {
-            if (const auto pixel = picture.at(i, 0); pixel != WHITE) {
+            if (const auto pixel = frame.at(i, 0); pixel != WHITE) {
                 found << i % LOGICAL_WIDTH << ',' << i / LOGICAL_WIDTH << '=' << (pixel >> 16U)
                       << ' ';
             }
@@ -86,7 +86,7 @@ TEST_F(Drawing, OddlyShapedSpritesShowOnlyWhatTheyHold) {
     for (const std::int32_t none : {7, -1, SPRITE_COUNT}) {
         draw_sprite(0, 0, none);
     }
-    EXPECT_EQ(drawn_picture().at(0, 0), WHITE);
+    EXPECT_EQ(drawn_frame().at(0, 0), WHITE);
 
     constexpr std::int32_t WIDTH = 26754; // whose square just fits the archive's sizes
     constexpr int HELD = WIDTH + 2;       // one row and two pixels
@@ -113,12 +113,12 @@ TEST_F(Drawing, AFrameStacksTrackCarMarkerTextsGhostsAndPointer) {
     view_x = 2240;
     view_y = 2280;
     race_frame();
-    const Picture picture = drawn_picture();
-    EXPECT_EQ(picture.at(155, 119), 0x010101U); // the marker covers a rear corner
-    EXPECT_EQ(picture.at(155, 110), WHITE);     // and not a front one
-    EXPECT_EQ(picture.at(160, 109), WHITE);     // the car is drawn after its move
-    EXPECT_EQ(picture.at(160, 114), 0xFF0000U); // the ghost covers the marker
-    EXPECT_EQ(picture.at(161, 127), 0x020202U); // the pointer covers it all
+    const Frame frame = drawn_frame();
+    EXPECT_EQ(frame.at(155, 119), 0x010101U); // the marker covers a rear corner
+    EXPECT_EQ(frame.at(155, 110), WHITE);     // and not a front one
+    EXPECT_EQ(frame.at(160, 109), WHITE);     // the car is drawn after its move
+    EXPECT_EQ(frame.at(160, 114), 0xFF0000U); // the ghost covers the marker
+    EXPECT_EQ(frame.at(161, 127), 0x020202U); // the pointer covers it all
     EXPECT_EQ(std::pair(view_x, view_y), std::pair(2240, 2275));
 }
 
@@ -130,11 +130,11 @@ TEST_F(Drawing, GhostsCoverTheTextsAndAMarkerPassedByStaysAtTheViewsEdge) {
     view_x = 2450;
     view_y = 2300;
     race_frame();
-    const Picture picture = drawn_picture();
-    EXPECT_EQ(picture.at(12, 19), YELLOW);
-    EXPECT_EQ(picture.at(14, 19), 0xFF0000U);
-    EXPECT_EQ(picture.at(0, 92), 0x010101U);
-    EXPECT_EQ(picture.at(1, 92), ROAD);
+    const Frame frame = drawn_frame();
+    EXPECT_EQ(frame.at(12, 19), YELLOW);
+    EXPECT_EQ(frame.at(14, 19), 0xFF0000U);
+    EXPECT_EQ(frame.at(0, 92), 0x010101U);
+    EXPECT_EQ(frame.at(1, 92), ROAD);
 }
 
 TEST_F(Drawing, EveryCellOfTheViewIsPainted) {
@@ -146,9 +146,9 @@ TEST_F(Drawing, EveryCellOfTheViewIsPainted) {
         track_grid[5239 * 10000 + 5000 + column] = CELL_OFF_TRACK;
     }
     race_frame();
-    const Picture picture = drawn_picture();
+    const Frame frame = drawn_frame();
     for (const std::size_t row : {100U, 239U}) {
-        EXPECT_TRUE(std::equal(expected.begin(), expected.end(), &picture.pixels[row * 320]));
+        EXPECT_TRUE(std::equal(expected.begin(), expected.end(), &frame.pixels[row * 320]));
     }
 }
 
@@ -158,7 +158,7 @@ TEST_F(Drawing, AFrameThatIsNotShownMovesTheCarAndHasNoTrack) {
     race_frame();
     EXPECT_FLOAT_EQ(y, 4997.0F);
     EXPECT_EQ(view_y, 4877);
-    EXPECT_EQ(drawn_picture().at(300, 100), BLACK);
+    EXPECT_EQ(drawn_frame().at(300, 100), BLACK);
 }
 
 } // namespace

@@ -120,8 +120,8 @@ TEST_F(Lap, GhostsAreDrawnInTheirColoursAtTheFrameOfTheLap) {
     draw_ghosts();
     int column = 60; // each a nose, pointing down, and a rear corner
     for (const std::uint32_t colour : {0xFF0000U, 0x0000FFU, 0x00FF00U, 0xFFFF00U, 0x00FFFFU}) {
-        EXPECT_EQ(drawn_picture().at(column, 66), colour);
-        EXPECT_EQ(drawn_picture().at(column - 4, 56), colour);
+        EXPECT_EQ(drawn_frame().at(column, 66), colour);
+        EXPECT_EQ(drawn_frame().at(column - 4, 56), colour);
         column += 30;
     }
 }

@@ -56,7 +56,7 @@ TEST(Program, StartsOnTheFirstTrackAtAdvancedWithTheTimeAsItsSeedAndEndsBlack) {
             drawn = rand();
             after = std::time(nullptr);
         } else {
-            EXPECT_EQ(shown_picture.at(300, 200), GRASS);
+            EXPECT_EQ(shown_frame.at(300, 200), GRASS);
         }
     });
     const auto is_seed = [&](std::time_t seed) {
@@ -69,7 +69,7 @@ TEST(Program, StartsOnTheFirstTrackAtAdvancedWithTheTimeAsItsSeedAndEndsBlack) {
     EXPECT_TRUE(is_seed(after));
     EXPECT_EQ(race_number, 1);
     EXPECT_EQ(difficulty, ADVANCED);
-    EXPECT_EQ(shown_picture.pixels, std::vector<std::uint32_t>(320 * 240, BLACK));
+    EXPECT_EQ(shown_frame.pixels, std::vector<std::uint32_t>(320 * 240, BLACK));
 }
 
 TEST(Program, ReportsARefusedWindowAndGoesOn) {

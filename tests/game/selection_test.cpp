@@ -57,7 +57,7 @@ TEST_F(Selection, TheNextFrameShowsTheNewTrack) {
     key_down[VK_OEM_6] = 1;
     for (const std::uint32_t colour : {ROAD, GRASS}) {
         race_frame();
-        EXPECT_EQ(drawn_picture().at(300, 100), colour);
+        EXPECT_EQ(drawn_frame().at(300, 100), colour);
         EXPECT_EQ(key_down[VK_OEM_6], 1) << "held, it acts in every frame";
     }
 }

@@ -11,14 +11,14 @@ namespace {
 /// Whether exactly the set cells of `text`, drawn with the game's font at logical (x, y), have
 /// `colour` in the rectangle that the text takes.
 bool shows_text(const std::string& text, int x, int y, std::uint32_t colour) {
-    const Picture picture = drawn_picture();
+    const Frame frame = drawn_frame();
     for (const char character : text) {
         const char* glyph = glyph_table[static_cast<unsigned char>(character)];
         const int width = glyph[0] - '0';
         for (int row = 1; row <= GLYPH_ROWS; ++row) {
             for (int column = 0; column <= width && x + column < LOGICAL_WIDTH; ++column) {
                 const bool set = column < width && glyph[row * GLYPH_ROW_STRIDE + column] == '1';
-                if ((picture.at(x + column, y + row) == colour) != set) {
+                if ((frame.at(x + column, y + row) == colour) != set) {
                     return false;
                 }
             }

@@ -83,24 +83,24 @@ TEST_F(WindowsPackage, PlaysBorderlessAndCentredAtSixtyFramesASecondAndIsSharpOn
                "LogPixels", "/t", "REG_DWORD", "/d", "144", "/f"});
     stop_wine();
     start();
-    const Area picture = centred(960, 720);
+    const Area shown = centred(960, 720);
     wait_for_start(3);
     EXPECT_TRUE(player_.sees({0, 0, 960, 720}, fitted(frame, 960, 720)));
-    EXPECT_TRUE(window_comes_to(picture));
+    EXPECT_TRUE(window_comes_to(shown));
 
     player_.turn_to(player_.window());
     player_.tap(XK_F11);
     EXPECT_TRUE(window_comes_to(SCREEN));
     EXPECT_TRUE(player_.sees(SCREEN, fitted(frame, SCREEN.width, SCREEN.height)));
 
-    // The pointer's picture is twice as far from the corner as the mouse.
-    player_.move_mouse_to(picture.x + 30, picture.y + 90);
-    EXPECT_TRUE(player_.sees({picture.x + 60, picture.y + 180, 1, 1}, {0x181818})) << "its tip";
+    // The pointer is twice as far from the corner as the mouse.
+    player_.move_mouse_to(shown.x + 30, shown.y + 90);
+    EXPECT_TRUE(player_.sees({shown.x + 60, shown.y + 180, 1, 1}, {0x181818})) << "its tip";
 
     player_.press(XK_Alt_L);
     player_.tap(XK_Return);
     player_.release(XK_Alt_L);
-    EXPECT_TRUE(window_comes_to(picture));
+    EXPECT_TRUE(window_comes_to(shown));
     leave();
 }
 

@@ -5,8 +5,8 @@
 #include "race/race_state.h"
 #include "race/view.h"
 #include "render/frame_buffer.h"
+#include "tests/support/frame.h"
 #include "tests/support/invariants.h"
-#include "tests/support/picture.h"
 #include "tests/support/ring.h"
 
 #include <cstdio>
@@ -20,7 +20,7 @@ namespace {
 
 constexpr int P = PLAYER_SLOT;
 constexpr long LINE_INTERVAL = 20;
-constexpr long PICTURE_INTERVAL = 10; // of runs without a trace
+constexpr long PIXEL_INTERVAL = 10; // of runs without a trace
 
 /// A running hash: FNV-1a's constants on words, with a fold of the high bits so that every bit
 /// reaches every other. Eight bytes at a time if there is no remainder, else byte by byte.
@@ -59,7 +59,7 @@ void write_words(std::ostream& out, const Values&... values) {
 
 std::uint64_t run(const Drive& drive, std::ostream* trace) {
     std::uint64_t states = 0xCBF29CE484222325U;
-    std::uint64_t pictures = states;
+    std::uint64_t pixels = states;
     restart_on_ring(drive.seed);
     luck = drive.luck;
     if (trace != nullptr) {
@@ -74,20 +74,20 @@ std::uint64_t run(const Drive& drive, std::ostream* trace) {
             throw std::runtime_error("frame " + std::to_string(frame) + ": " + fault);
         }
         add_state(states);
-        if (trace != nullptr || frame % PICTURE_INTERVAL == 0) {
-            add_bytes(pictures, frame_buffer, frame_bytes());
+        if (trace != nullptr || frame % PIXEL_INTERVAL == 0) {
+            add_bytes(pixels, frame_buffer, frame_bytes());
         }
         if (frame % LINE_INTERVAL == 0) {
-            drawn_picture(); // throws if a logical pixel is not of one colour
+            drawn_frame(); // throws if a logical pixel is not of one colour
             if (trace != nullptr) {
                 write_words(*trace, frame, car_x[P], car_y[P], heading[P], speed[P], gear[P],
                             penalty[P], cycle[P], last_cycle[P], best_cycle[P], difficulty,
                             race_number, view_x, view_y, hex(states));
-                *trace << hex(pictures) << '\n';
+                *trace << hex(pixels) << '\n';
             }
         }
     }
-    add_values(states, pictures);
+    add_values(states, pixels);
     return states;
 }
 

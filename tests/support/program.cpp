@@ -7,7 +7,7 @@
 
 namespace tarvik::test {
 
-Picture shown_picture;
+Frame shown_frame;
 
 namespace {
 
@@ -32,8 +32,8 @@ int run_program(int frames, const FrameScript& script) {
     last_frame = frames;
     frame_script = &script;
     set_frame_hook(on_frame);
-    scripted::set_picture_hook(
-        [](const std::uint8_t* pixels, int, int) { shown_picture = drawn_picture(pixels); });
+    scripted::set_frame_hook(
+        [](const std::uint8_t* pixels, int, int) { shown_frame = drawn_frame(pixels); });
     scripted::use_memory_files = true;
     return WinMain(nullptr, nullptr, nullptr, 0);
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "tests/support/archive.h"
-#include "tests/support/picture.h"
+#include "tests/support/frame.h"
 
 #include <cstdint>
 #include <functional>
@@ -19,7 +19,7 @@ using FrameScript = std::function<void(int frame)>;
 int run_program(int frames, const FrameScript& script = {});
 
 /// The last frame that the program has shown.
-extern Picture shown_picture;
+extern Frame shown_frame;
 
 /// Posts a key's message; the game handles one message a frame.
 void press(int virtual_key);

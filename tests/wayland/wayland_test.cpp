@@ -46,7 +46,7 @@ class Wayland : public PlayTest {
 
 } // namespace
 
-TEST_F(Wayland, ThePictureIsWholeInTheMiddleAndEnlargedInEveryTileAndThePointerFollowsTheMouse) {
+TEST_F(Wayland, TheFrameIsWholeInTheMiddleAndEnlargedInEveryTileAndThePointerFollowsTheMouse) {
     start_race();
     player_.move_mouse_to(200, 140);
     ASSERT_TRUE(player_.sees({400, 280, 1, 1}, {POINTER_COLOUR}));

@@ -69,7 +69,7 @@ export const textOf = (page, selector) => page.$eval(selector, (element) => elem
 export async function startRace(page) {
   await page.keyboard.press('Enter'); // the button has the focus
   await inState(page, 'racing');
-  await picturesLater(page, 2);
+  await framesLater(page, 2);
 }
 
 // The game polls Escape once a frame: a tap between two polls goes unnoticed.
@@ -79,9 +79,9 @@ export async function endRace(page) {
   await page.keyboard.up('Escape');
 }
 
-export async function picturesLater(page, count) {
-  const goal = count + (await page.evaluate(() => window.tarvik.pictures));
-  await page.waitForFunction((pictures) => window.tarvik.pictures >= pictures, {}, goal);
+export async function framesLater(page, count) {
+  const goal = count + (await page.evaluate(() => window.tarvik.frames));
+  await page.waitForFunction((frames) => window.tarvik.frames >= frames, {}, goal);
 }
 
 /// In the page: notes which key the game got after how many frames.
@@ -89,7 +89,7 @@ function noteKeys() {
   window.seenKeys = [];
   const note = ({ code, type }) => {
     if (document.activeElement?.id === 'game' && !code.includes('Enter')) {
-      window.seenKeys.push(`${window.tarvik.pictures + 1},${type === 'keydown' ? 1 : 0},${code}`);
+      window.seenKeys.push(`${window.tarvik.frames + 1},${type === 'keydown' ? 1 : 0},${code}`);
     }
   };
   window.addEventListener('keydown', note, true);
@@ -100,16 +100,16 @@ function noteKeys() {
 /// Plays the race so far again without a browser: the canvas must show the same frame, pixel by
 /// pixel. Returns what the game knows then, and the frame's number.
 export async function assertSameAsReplay(page) {
-  const { picture, keys, digest } = await page.evaluate(async () => {
+  const { frame, keys, digest } = await page.evaluate(async () => {
     const copy = new OffscreenCanvas(640, 480).getContext('2d');
     copy.drawImage(document.getElementById('game'), 0, 0);
     const { data } = copy.getImageData(0, 0, 640, 480);
-    const found = { picture: window.tarvik.pictures, keys: [...window.seenKeys] };
+    const found = { frame: window.tarvik.frames, keys: [...window.seenKeys] };
     return { ...found, digest: [...new Uint8Array(await crypto.subtle.digest('SHA-256', data))] };
   });
   const replay = `${ROOT}build/test/bin/tarvik-replay`;
-  const { stdout, stderr } = spawnSync(replay, [`${ROOT}build/release/bin/data`, picture, ...keys], { maxBuffer: 1e8 });
+  const { stdout, stderr } = spawnSync(replay, [`${ROOT}build/release/bin/data`, frame, ...keys], { maxBuffer: 1e8 });
   const expected = [...createHash('sha256').update(stdout).digest()];
-  assert.deepEqual(digest, expected, `picture ${picture} after keys ${keys.join(' ')}; ${stderr}`);
-  return { ...JSON.parse(stderr), picture };
+  assert.deepEqual(digest, expected, `frame ${frame} after keys ${keys.join(' ')}; ${stderr}`);
+  return { ...JSON.parse(stderr), frame };
 }

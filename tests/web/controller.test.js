@@ -49,10 +49,10 @@ test('a controller starts the race, drives, comes and goes, changes tracks, and 
   await web.inState(page, 'racing');
   for (const [action, keys, isRight] of STEPS) {
     await page.evaluate((what, same) => {
-      window.seenKeys.push(...same.map((key) => `${window.tarvik.pictures + 1},${key}`)); // from the next frame on
+      window.seenKeys.push(...same.map((key) => `${window.tarvik.frames + 1},${key}`)); // from the next frame on
       window.eval(what);
     }, action, keys);
-    await web.picturesLater(page, 4);
+    await web.framesLater(page, 4);
     if (isRight) {
       assert.ok(isRight(await web.assertSameAsReplay(page)), action);
     }

@@ -34,7 +34,7 @@ for (const { inPage, full, ...screen } of SCREENS) {
     assert.equal(await page.$eval('.pad', (pad) => pad.checkVisibility()), false, 'touch buttons beside a mouse');
     await page.evaluate(() => document.exitFullscreen());
     await page.waitForFunction(() => !document.fullscreenElement);
-    await web.picturesLater(page, 2);
+    await web.framesLater(page, 2);
     await assertCrisp(page, inPage);
     await web.endRace(page);
   });
@@ -77,7 +77,7 @@ async function assertPointerFollows(page) {
   const pointer = await columnAt(0, 0);
   const { x, y, width } = await (await page.$('#game')).boundingBox();
   await page.mouse.move(x + (100.5 * width) / 640, y + (60.5 * width) / 640);
-  await web.picturesLater(page, 3);
+  await web.framesLater(page, 3);
   assert.deepEqual(await columnAt(2 * 100, 2 * 60), pointer);
 }
 

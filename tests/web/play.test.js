@@ -17,7 +17,7 @@ for (const name of ['chrome', 'firefox']) {
 
       await page.keyboard.press('KeyA');
       await page.keyboard.down('ArrowUp');
-      await web.picturesLater(page, 240);
+      await web.framesLater(page, 240);
       const driving = await web.assertSameAsReplay(page);
       assert.equal(driving.gear, 1);
       assert.ok(driving.speed > 0.1 && driving.y < 2400, 'the car has driven up through the gate');
@@ -27,7 +27,7 @@ for (const name of ['chrome', 'firefox']) {
       await page.click('.rules');
       await page.keyboard.up('ArrowUp');
       await page.keyboard.press('ArrowDown');
-      await web.picturesLater(page, 30);
+      await web.framesLater(page, 30);
       const alone = await web.assertSameAsReplay(page);
       assert.ok(alone.speed >= driving.speed, 'the throttle is still open');
       assert.match(await web.textOf(page, '#status'), /go elsewhere/);
@@ -35,7 +35,7 @@ for (const name of ['chrome', 'firefox']) {
 
       for (const [key, race] of [['BracketRight', 2], ['BracketLeft', 1]]) {
         await page.keyboard.press(key);
-        await web.picturesLater(page, 3);
+        await web.framesLater(page, 3);
         const fresh = await web.assertSameAsReplay(page);
         assert.deepEqual({ race: fresh.race, cycle: fresh.cycle }, { race, cycle: 0 });
       }
@@ -54,7 +54,7 @@ describe('chrome', () => {
     for (let race = 1; race <= 4; ++race) {
       await web.startRace(page);
       await page.keyboard.press('BracketRight');
-      await web.picturesLater(page, 20);
+      await web.framesLater(page, 20);
       await web.endRace(page);
       assert.equal(await web.textOf(page, '#start'), 'Race again');
       peaks.push(await peakMemory());
@@ -68,15 +68,15 @@ describe('chrome', () => {
     test(`60 frames a second on a display of ${hertz} Hz`, async (t) => {
       const page = await web.openGame(t, { prepare: (empty) => empty.evaluateOnNewDocument(simulateDisplay, hertz) });
       await web.startRace(page);
-      const read = () => page.evaluate(() => ({ shown: window.tarvik.pictures, now: performance.now() }));
+      const read = () => page.evaluate(() => ({ shown: window.tarvik.frames, now: performance.now() }));
       const start = await read();
-      await web.picturesLater(page, 300);
+      await web.framesLater(page, 300);
       const end = await read();
       const rate = ((end.shown - start.shown) * 1000) / (end.now - start.now);
-      assert.ok(rate > 58.5 && rate < 60.5, `${rate} pictures a second`);
+      assert.ok(rate > 58.5 && rate < 60.5, `${rate} frames a second`);
 
       await page.keyboard.press('KeyA'); // the game waits 300 ms for the gears, and the page goes on
-      await web.picturesLater(page, 60);
+      await web.framesLater(page, 60);
       const later = await read();
       const wait = later.now - end.now - ((later.shown - end.shown) * 1000) / rate;
       assert.ok(wait > 200 && wait < 400, `a wait of ${wait} ms`);
@@ -112,8 +112,8 @@ function simulateDisplay(hertz) {
 
 /// The most memory that a process with a page ever had, in MB.
 async function peakMemory() {
-  const session = await web.browser.target().createCDPSession();
-  const { processInfo } = await session.send('SystemInfo.getProcessInfo');
+  const devtools = await web.browser.target().createCDPSession();
+  const { processInfo } = await devtools.send('SystemInfo.getProcessInfo');
   const renderers = processInfo.filter(({ type }) => type === 'renderer');
   const statuses = renderers.map(({ id }) => readFileSync(`/proc/${id}/status`, 'utf8'));
   return Math.max(...statuses.map((status) => Math.round(/VmHWM:\s+(\d+)/.exec(status)[1] / 1024)));

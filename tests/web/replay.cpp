@@ -1,7 +1,7 @@
-// Replays the keys of a race in the browser on this system: tarvik-replay DATA PICTURE KEY...
+// Replays the keys of a race in the browser on this system: tarvik-replay DATA FRAME KEY...
 //
 // KEY is "frame,1 or 0,code", the code as browsers call it: pressed or released before that frame
-// takes its message. The pixels of frame PICTURE go to standard output as the canvas has it, rows
+// takes its message. The pixels of frame FRAME go to standard output as the canvas has it, rows
 // from the top down, red, green, blue and 255; what the game knows by then, as JSON, to standard
 // error.
 #include "platform/common/keys.h"
@@ -20,10 +20,10 @@ namespace {
 using namespace tarvik;
 using namespace tarvik::test;
 
-void write_picture() {
+void write_frame() {
     for (int y = 0; y < DEVICE_HEIGHT; ++y) {
         for (int x = 0; x < DEVICE_WIDTH; ++x) {
-            const std::uint32_t pixel = shown_picture.at(x / 2, y / 2);
+            const std::uint32_t pixel = shown_frame.at(x / 2, y / 2);
             for (const unsigned shift : {16U, 8U, 0U}) {
                 std::putchar(static_cast<int>(pixel >> shift & 255U));
             }
@@ -63,7 +63,7 @@ int main(int count, char** arguments) {
             }
         }
         if (frame == last + 1) {
-            write_picture();
+            write_frame();
             write_state();
         }
     });

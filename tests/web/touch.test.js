@@ -59,20 +59,20 @@ test('a lap with thumbs, from the start to the end', async (t) => {
   await web.inState(page, 'racing');
   await page.tap('[data-code="KeyA"]');
   await page.tap('[data-code="ArrowUp"]');
-  await web.picturesLater(page, 3);
+  await web.framesLater(page, 3);
 
   // The car rolls on by itself. Near the posts it is to be so slow that it takes longer from one to
   // the other, 16 cells, than a lap has to last.
   const finger = await fingersOf(page);
   let rolling = await web.assertSameAsReplay(page);
-  const near = rolling.picture + (rolling.y - 2440) / rolling.speed;
-  await page.waitForFunction((picture) => window.tarvik.pictures >= picture, {}, near);
+  const near = rolling.frame + (rolling.y - 2440) / rolling.speed;
+  await page.waitForFunction((frame) => window.tarvik.frames >= frame, {}, near);
   for (let brakings = 0; rolling.speed > 0.05; ++brakings) {
     assert.ok(brakings < 100, 'the brake slows the car');
     await finger('Start', 1, await on(page, 'ArrowDown'));
-    await web.picturesLater(page, 12);
+    await web.framesLater(page, 12);
     await finger('Cancel');
-    await web.picturesLater(page, 2);
+    await web.framesLater(page, 2);
     rolling = await web.assertSameAsReplay(page);
   }
   assert.equal(rolling.gear, 1);

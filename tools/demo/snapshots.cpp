@@ -134,11 +134,11 @@ void take_snapshots(const Options& options) {
         throw std::runtime_error("cannot make the folder " + wanted.pictures.string() + ": " +
                                  error.message());
     }
-    scripted::set_picture_hook(on_picture);
+    scripted::set_frame_hook(on_picture);
 }
 
 void finish_snapshots() {
-    scripted::set_picture_hook(nullptr);
+    scripted::set_frame_hook(nullptr);
     const std::string& folder = wanted.pictures.native();
     if (wanted.every > 0) {
         std::printf("pictures in %s: %d of the last lap\n", folder.c_str(), frames_taken);

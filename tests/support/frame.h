@@ -17,7 +17,7 @@ inline constexpr std::uint32_t ROAD = 0x3C3C3C;
 inline constexpr std::uint32_t GRASS = 0x00C800;
 
 /// The logical pixels of a frame, row by row from the top.
-struct Picture {
+struct Frame {
     std::vector<std::uint32_t> pixels;
 
     std::uint32_t at(int x, int y) const;
@@ -25,7 +25,7 @@ struct Picture {
 
 /// Reads a frame as OpenGL gets it; throws if a logical pixel is not of one colour, which fails
 /// the running test.
-Picture drawn_picture(const std::uint8_t* frame = frame_buffer);
+Frame drawn_frame(const std::uint8_t* bytes = frame_buffer);
 
 /// The logical pixels of `colour` in the frame buffer, as "x,y x,y ..." in rows from the top.
 std::string pixels_of(std::uint32_t colour);

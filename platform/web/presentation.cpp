@@ -14,10 +14,10 @@ namespace tarvik {
 
 namespace {
 
-/// The picture as the canvas wants it; shown by the next swap.
-std::vector<DWORD> picture;
-int picture_width = 0;
-int picture_height = 0;
+/// The frame as the canvas wants it; shown by the next swap.
+std::vector<DWORD> frame;
+int frame_width = 0;
+int frame_height = 0;
 
 constexpr DWORD OPAQUE = 0xFF000000U;
 
@@ -31,12 +31,12 @@ void convert_row(const std::uint8_t* from, DWORD* to, int width) {
 
 } // namespace
 
-void wait_for_next_picture() {
+void wait_for_next_frame() {
     using Milliseconds = std::chrono::duration<double, std::milli>;
-    static PictureClock::time_point due{};
-    const PictureClock::time_point now = PictureClock::now();
+    static FrameClock::time_point due{};
+    const FrameClock::time_point now = FrameClock::now();
     due = next_due(due, now);
-    page_wait_for_picture(Milliseconds(due - now).count());
+    page_wait_for_frame(Milliseconds(due - now).count());
 }
 
 } // namespace tarvik
@@ -50,19 +50,19 @@ void glClear(GLbitfield) {}
 
 /// The only format the game uses: rows from the bottom up, red, green, blue, without padding.
 void glDrawPixels(GLsizei width, GLsizei height, GLenum, GLenum, const GLvoid* pixels) {
-    picture_width = width;
-    picture_height = height;
-    picture.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+    frame_width = width;
+    frame_height = height;
+    frame.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     const auto* row = static_cast<const std::uint8_t*>(pixels);
     for (int y = height - 1; y >= 0; --y, row += 3 * width) {
-        convert_row(row, picture.data() + y * width, width);
+        convert_row(row, frame.data() + y * width, width);
     }
 }
 
 BOOL WINAPI SwapBuffers(HDC) {
-    page_show_picture(picture.data(), picture_width, picture_height);
+    page_show_frame(frame.data(), frame_width, frame_height);
     report_lap();
-    wait_for_next_picture();
+    wait_for_next_frame();
     return TRUE;
 }
 

@@ -1,17 +1,18 @@
-// Where the picture is in a window of any size: whole pixels only, in the middle, black around it.
+// Where frames are shown in a window of any size: enlarged by a whole factor, in the middle, on
+// black.
 #pragma once
 
 #include <algorithm>
 
 namespace tarvik {
 
-// The picture in logical pixels, as in shell/screen.h, and how many of the game's device pixels
+// A frame in logical pixels, as in shell/screen.h, and how many of the game's device pixels
 // each takes across and down.
 inline constexpr int LOGICAL_WIDTH = 320;
 inline constexpr int LOGICAL_HEIGHT = 240;
 inline constexpr int GAME_PIXELS = 2;
 
-/// The largest whole number of device pixels for each logical one with which the picture fits.
+/// The largest whole number of device pixels for each logical one with which a frame fits.
 constexpr int largest_factor(int width, int height) {
     return std::max(1, std::min(width / LOGICAL_WIDTH, height / LOGICAL_HEIGHT));
 }
@@ -23,14 +24,14 @@ constexpr int starting_factor(int dots_per_inch, int display_width, int display_
                                           largest_factor(display_width, display_height)));
 }
 
-struct PictureArea {
+struct Viewport {
     int factor; ///< device pixels for each logical one
     int left;   ///< left edge in the window; negative where the window is too small
     int top;
-    int right; ///< columns of the window to the right of the picture
-    int below; ///< rows of the window under the picture
+    int right; ///< columns of the window to the right of the viewport
+    int below; ///< rows of the window under the viewport
 
-    /// Whether a place in the window is in the picture.
+    /// Whether a place in the window is in the viewport.
     constexpr bool contains(int x, int y) const {
         return x >= left && x < left + LOGICAL_WIDTH * factor && y >= top &&
                y < top + LOGICAL_HEIGHT * factor;
@@ -45,7 +46,7 @@ struct PictureArea {
     }
 };
 
-constexpr PictureArea picture_area(int window_width, int window_height) {
+constexpr Viewport viewport_in(int window_width, int window_height) {
     const int factor = largest_factor(window_width, window_height);
     const int black_columns = window_width - LOGICAL_WIDTH * factor;
     const int black_rows = window_height - LOGICAL_HEIGHT * factor;

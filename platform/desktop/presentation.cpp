@@ -1,8 +1,8 @@
 // The two OpenGL calls and what OpenGL needs on Windows, on SDL's renderer.
-#include "platform/desktop/picture.h"
+#include "platform/desktop/presentation.h"
 
 #include "platform/common/pacing.h"
-#include "platform/common/picture_area.h"
+#include "platform/common/viewport.h"
 #include "platform/desktop/display.h"
 #include "platform/desktop/game_window.h"
 #include "platform/desktop/renderer.h"
@@ -20,11 +20,11 @@ namespace {
 SDL_Renderer* renderer = nullptr;
 SDL_Texture* texture = nullptr; // one pixel for each logical one
 
-PictureArea current_area() {
+Viewport current_viewport() {
     int width = 0;
     int height = 0;
     SDL_GetRendererOutputSize(renderer, &width, &height);
-    return picture_area(width, height);
+    return viewport_in(width, height);
 }
 
 // Every logical pixel is a block of equal ones, of which the first will do.
@@ -37,12 +37,12 @@ void convert_row(const GLubyte* from, Uint32* to) {
 
 } // namespace
 
-void show_picture_again() {
-    const PictureArea area = current_area();
-    const SDL_Rect place = {area.left, area.top, LOGICAL_WIDTH * area.factor,
-                            LOGICAL_HEIGHT * area.factor};
-    if (area.left != 0 || area.top != 0 || area.below != 0 || area.right != 0) {
-        SDL_RenderClear(renderer); // black beside the picture
+void show_frame_again() {
+    const Viewport viewport = current_viewport();
+    const SDL_Rect place = {viewport.left, viewport.top, LOGICAL_WIDTH * viewport.factor,
+                            LOGICAL_HEIGHT * viewport.factor};
+    if (viewport.left != 0 || viewport.top != 0 || viewport.below != 0 || viewport.right != 0) {
+        SDL_RenderClear(renderer); // black around the frame
     }
     SDL_RenderCopy(renderer, texture, nullptr, &place);
     SDL_RenderPresent(renderer);
@@ -62,9 +62,9 @@ bool find_game_pixel(POINT place, POINT& pixel) {
     SDL_GetRendererOutputSize(renderer, &width, &height);
     const int x = place.x * width / window_width;
     const int y = place.y * height / window_height;
-    const PictureArea area = picture_area(width, height);
-    pixel = {area.game_x(x), area.game_y(y)};
-    return area.contains(x, y);
+    const Viewport viewport = viewport_in(width, height);
+    pixel = {viewport.game_x(x), viewport.game_y(y)};
+    return viewport.contains(x, y);
 }
 
 } // namespace tarvik
@@ -97,7 +97,7 @@ HGLRC WINAPI wglCreateContext(HDC device_context) {
     texture = SDL_CreateTexture(renderer, SDL_PIXELFORMAT_RGB888, SDL_TEXTUREACCESS_STREAMING,
                                 LOGICAL_WIDTH, LOGICAL_HEIGHT);
     if (texture == nullptr) {
-        exit_with_error("this display can show no pictures", SDL_GetError());
+        exit_with_error("this display can show nothing", SDL_GetError());
     }
     // Black until the first frame: a new texture may hold anything.
     const std::vector<Uint32> black(std::size_t{LOGICAL_WIDTH} * LOGICAL_HEIGHT);
@@ -140,9 +140,9 @@ void glDrawPixels(GLsizei width, GLsizei height, GLenum, GLenum, const GLvoid* p
 
 BOOL WINAPI SwapBuffers(HDC device_context) {
     if (renderer != nullptr) {
-        show_picture_again();
+        show_frame_again();
     }
-    wait_for_next_picture();
+    wait_for_next_frame();
     return device_context != nullptr ? TRUE : FALSE;
 }
 
