@@ -14,7 +14,8 @@ using testing::HasSubstr;
 ProgramRun check(const std::string& changes, const std::string& option = "") {
     const TemporaryFolder folder;
     write_file(folder / "changes", changes);
-    return run_in(folder, "sed -f changes " TARVIK_SOURCE_FOLDER "/docs/empty-track.svg >mine.svg; "
+    return run_in(folder, "sed -f changes '" TARVIK_SOURCE_FOLDER
+                          "/docs/empty-track.svg' >mine.svg; "
                           "tarvik-data track check mine.svg " +
                               option);
 }
