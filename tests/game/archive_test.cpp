@@ -145,14 +145,5 @@ TEST_F(Archive, APictureTooLargeForMemoryIsEmptyAndTheNextOneIsRead) {
 }
 #endif
 
-TEST_F(Archive, AReadOnlyOrFolderlessArchiveLeavesAllEmpty) {
-    for (const bool folder : {true, false}) {
-        scripted::memory_files["data/graphics.dat"].read_only = folder;
-        scripted::memory_folder_exists = folder;
-        load(archive_of({{0, 1, 1, 3, {1, 2, 3}}}));
-        EXPECT_EQ(sprite(0), EMPTY);
-    }
-}
-
 } // namespace
 } // namespace tarvik::test

@@ -33,17 +33,6 @@ TEST_F(Lap, StartsInsideTheOpenBoxOnly) {
     }
 }
 
-TEST_F(Lap, ACarInTheBoxCompletesEvery301Frames) {
-    place(2400.0F, 2400.0F, 180.0F, 0.0F);
-    // The clock does not count in the frame of completion.
-    for (const auto& [more, count] : {std::pair(1, 2), {299, 301}, {1, 0}, {1, 2}}) {
-        frames(more);
-        EXPECT_EQ(cycle[PLAYER_SLOT], count);
-    }
-    EXPECT_EQ(last_cycle[PLAYER_SLOT], 301);
-    EXPECT_EQ(best_cycle[PLAYER_SLOT], 301);
-}
-
 TEST_F(Lap, ResultsAddTheTruncatedPenaltyAndKeepItOnDisplay) {
     struct Result {
         std::int32_t frame_count;
@@ -52,7 +41,8 @@ TEST_F(Lap, ResultsAddTheTruncatedPenaltyAndKeepItOnDisplay) {
     };
     for (const Result& each : {Result{1250, 37.6F, 1287, 1287, 0},
                                {1288, 0.0F, 1288, 1287, 0},
-                               {300, 5.0F, 1288, 1287, 300}}) { // too short to count
+                               {301, 0.0F, 301, 301, 0},
+                               {300, 5.0F, 301, 301, 300}}) { // too short to count
         complete(each.frame_count, each.penalty);
         EXPECT_EQ(last_cycle[PLAYER_SLOT], each.last);
         EXPECT_EQ(best_cycle[PLAYER_SLOT], each.best);
