@@ -66,7 +66,7 @@ TEST_F(Archive, ReadsTheProductAsASigned32BitNumber) {
     EXPECT_EQ(sprite_table[1399].pixels[0], 99);
 }
 
-TEST_F(Archive, ATruncatedFileKeepsWhatItHeld) {
+TEST_F(Archive, ATruncatedFileKeepsWhatItHeldAndAnUnreadableOneNothing) {
     const auto whole = archive_of({{0, 300, 2, 3, counting_bytes(1800)}});
     for (const auto& [length, expected] : {std::pair(0, EMPTY),
                                            {1, "44 0 0: null"},
@@ -80,6 +80,11 @@ TEST_F(Archive, ATruncatedFileKeepsWhatItHeld) {
     }
     EXPECT_EQ(sprite_table[0].pixels[3], 4);
     EXPECT_EQ(sprite_table[0].pixels[4], 0);
+
+    scripted::memory_files["data/graphics.dat"].read_only = true;
+    load(whole);
+    EXPECT_EQ(sprite(0), EMPTY);
+    scripted::memory_files.clear();
 }
 
 TEST_F(Archive, AnEnormousPictureIsCutAndTheNextRecordFound) {
